@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "settings/settings.h"
+
+#include <QSettings>
+
+namespace settings
+{
+
+namespace
+{
+
+const auto precisionKey = QStringLiteral("Precision");
+const auto showSplashKey = QStringLiteral("ShowSplash");
+const auto openFolderKey = QStringLiteral("OpenFolderAfterClosing");
+const auto lastDataKey = QStringLiteral("Input/LastDataASCIILocation");
+const auto lastCorrelationKey = QStringLiteral("Input/LastCorrASCIILocation");
+const auto lastCorrelationExportKey = QStringLiteral("Export/LastCorrExportLocation");
+
+QVariant value(const QString& key, const QVariant& absent = QVariant())
+{
+    return QSettings().value(key, absent);
+}
+
+void setValue(const QString& key, const QVariant& value)
+{
+    QSettings().setValue(key, value);
+}
+
+} // namespace
+
+unsigned precision()
+{
+    // toInt and not toUInt: a text store hands -1 over as text, which toUInt would read as 0.
+    const auto stored = static_cast<unsigned>(storedPrecision());
+    return stored < 9U ? stored : 9U;
+}
+
+int storedPrecision()
+{
+    return value(precisionKey, 2).toInt();
+}
+
+void setPrecision(int decimals)
+{
+    setValue(precisionKey, decimals);
+}
+
+bool showSplash()
+{
+    return value(showSplashKey, true).toBool();
+}
+
+void setShowSplash(bool show)
+{
+    setValue(showSplashKey, show);
+}
+
+bool openFolderAfterClosing()
+{
+    return value(openFolderKey, true).toBool();
+}
+
+void setOpenFolderAfterClosing(bool open)
+{
+    setValue(openFolderKey, open);
+}
+
+QString lastDataLocation()
+{
+    return value(lastDataKey).toString();
+}
+
+void setLastDataLocation(const QString& path)
+{
+    setValue(lastDataKey, path);
+}
+
+QString lastCorrelationLocation()
+{
+    return value(lastCorrelationKey).toString();
+}
+
+void setLastCorrelationLocation(const QString& path)
+{
+    setValue(lastCorrelationKey, path);
+}
+
+void setLastCorrelationExportLocation(const QString& path)
+{
+    setValue(lastCorrelationExportKey, path);
+}
+
+DiagramSettings diagram()
+{
+    const DiagramSettings absent;
+    return {value(QStringLiteral("Zarnel/edge.x"), absent.edgeX).toInt(),
+            value(QStringLiteral("Zarnel/edge.y"), absent.edgeY).toInt(),
+            value(QStringLiteral("Zarnel/textCircleOffset"), absent.textCircleOffset).toInt(),
+            value(QStringLiteral("Zarnel/circel"), absent.circleScale).toString()};
+}
+
+} // namespace settings

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+
+#include <functional>
+
+class QTableView;
+
+/// Shows a matrix as numbers without an item per cell: texts are made when a cell is looked at, with
+/// the decimals that were in force when the table was filled.
+class NumberTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using HeaderText = std::function<QString(int section)>;
+
+    explicit NumberTableModel(QObject* parent = nullptr);
+
+    /// Shows @p values (rows x columns, row pointers), which the caller keeps alive until clear() or
+    /// the next fill. Reads the precision once.
+    void fill(const double* const* values, int rows, int columns);
+    /// Shows an empty table; touches no values.
+    void clear();
+
+    void setHeaders(HeaderText vertical, HeaderText horizontal);
+    /// Tells the view that names in the headers are different now.
+    void headersChanged();
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// Display: fixed notation, rounded first. Alignment: right, vertically centred.
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    unsigned decimals() const;
+    double value(int row, int column) const;
+
+private:
+    const double* const* m_values = nullptr;
+    int m_rows = 0;
+    int m_columns = 0;
+    unsigned m_decimals = 0;
+    HeaderText m_verticalHeader;
+    HeaderText m_horizontalHeader;
+};
+
+/// Makes every column of a view on a NumberTableModel as wide as its widest number and its header,
+/// over all rows, without formatting each cell.
+void fitColumnWidths(QTableView* view, const NumberTableModel& model);
