@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QQueue>
+#include <QStringList>
+
+#include <functional>
+
+class QDialog;
+
+/// Watches the real boxes and dialogs that the program opens, notes each, and answers it as the test
+/// prepared. Message boxes need no preparation: their first button is clicked.
+class DialogScript : public QObject
+{
+    Q_OBJECT
+
+public:
+    DialogScript();
+
+    /// Answers the next file dialog with @p path.
+    void chooseFile(const QString& path);
+    /// Cancels the next file dialog.
+    void cancelFile();
+    /// Hands the next dialog of any other kind (or an unprepared file dialog) to @p answer, which must
+    /// end it.
+    void onDialog(std::function<void(QDialog*)> answer);
+
+    /// What appeared, in order: "title|text" for a message box, "caption|proposed file|filter" for a
+    /// file dialog, "title" for any other; cleared by the call.
+    QStringList takeRecord();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void answer(QDialog* dialog);
+
+    QStringList m_record;
+    QQueue<std::function<void(QDialog*)>> m_fileAnswers;
+    QQueue<std::function<void(QDialog*)>> m_dialogAnswers;
+};
