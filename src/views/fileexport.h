@@ -21,8 +21,11 @@ struct FileExport
     QString badStreamText;
 };
 
-/// Runs @p fileExport with @p parent under its dialogs. A cancelled dialog ends it silently. What was
-/// written before a failure stays in the file.
+/// Runs @p fileExport with @p parent under its dialogs. A cancelled dialog ends it silently. What
+/// was written before a failure stays in the file.
 /// @param write  writes Latin-1 bytes; the stream throws std::ios_base::failure
 void runExport(QWidget* parent, const FileExport& fileExport,
                const std::function<void(std::ostream&)>& write);
+
+/// The box for a file that cannot be opened for writing.
+void showCannotOpenFile(QWidget* parent, const QString& fileName);

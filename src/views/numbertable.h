@@ -10,8 +10,8 @@
 
 class QTableView;
 
-/// Shows a matrix as numbers without an item per cell: texts are made when a cell is looked at, with
-/// the decimals that were in force when the table was filled.
+/// Shows a matrix as numbers without an item per cell: texts are made when a cell is looked at,
+/// with the decimals that were in force when the table was filled.
 class NumberTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ public:
 
     explicit NumberTableModel(QObject* parent = nullptr);
 
-    /// Shows @p values (rows x columns, row pointers), which the caller keeps alive until clear() or
-    /// the next fill. Reads the precision once.
+    /// Shows @p values (rows x columns, row pointers), which the caller keeps alive until clear()
+    /// or the next fill. Reads the precision once.
     void fill(const double* const* values, int rows, int columns);
     /// Shows an empty table; touches no values.
     void clear();
@@ -52,3 +52,7 @@ private:
 /// Makes every column of a view on a NumberTableModel as wide as its widest number and its header,
 /// over all rows, without formatting each cell.
 void fitColumnWidths(QTableView* view, const NumberTableModel& model);
+
+/// Makes rows higher whose header label needs it (several lines). Asks every row, so it is for
+/// tables with few of them.
+void fitRowHeights(QTableView* view);

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+// The width of a column without a look at each text: rounding keeps the order of the values, so
+// where all digits are equally wide, the widest number of a column is its largest or its smallest
+// (the minus sign) or the word for a value that is not finite. Only these few cells are measured,
+// and texts that differ in their digits only are measured once.
+
+#include "views/numbertable.h"
+
+#include <QFontMetricsF>
+#include <QHash>
+#include <QHeaderView>
+#include <QTableView>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+/// Rows of a column that may hold its widest text; -1: there is none of that kind.
+struct Candidates
+{
+    int smallest = -1;
+    int largest = -1;
+    int notANumber = -1;
+    int infinite = -1;
+    int minusInfinite = -1;
+    double minimum = std::numeric_limits<double>::infinity();
+    double maximum = -std::numeric_limits<double>::infinity();
+
+    void look(double x, int row)
+    {
+        if (!std::isfinite(x)) {
+            (std::isnan(x) ? notANumber : x > 0.0 ? infinite : minusInfinite) = row;
+            return;
+        }
+        if (x < minimum) {
+            minimum = x;
+            smallest = row;
+        }
+        if (x > maximum) {
+            maximum = x;
+            largest = row;
+        }
+    }
+
+    std::array<int, 5> rows() const
+    {
+        return {smallest, largest, notANumber, infinite, minusInfinite};
+    }
+};
+
+std::vector<Candidates> candidatesOf(const NumberTableModel& model)
+{
+    const int columns = model.columnCount();
+    std::vector<Candidates> candidates(static_cast<std::size_t>(columns));
+    for (int row = 0; row < model.rowCount(); ++row)
+        for (int column = 0; column < columns; ++column)
+            candidates[static_cast<std::size_t>(column)].look(model.value(row, column), row);
+    return candidates;
+}
+
+/// Whether every digit is as wide as any other, beside each other and beside sign and point.
+bool digitsAreEquallyWide(const QFontMetricsF& metrics)
+{
+    const QString digits = QStringLiteral("0123456789");
+    const auto differs = [&metrics](const QString& text, const QString& zeros) {
+        return std::abs(metrics.horizontalAdvance(text) - metrics.horizontalAdvance(zeros)) > 0.01;
+    };
+    for (QChar left : digits) {
+        const QString beside = QStringLiteral("-%1.%1").arg(left);
+        if (differs(beside, QStringLiteral("-0.0")))
+            return false;
+        for (QChar right : digits)
+            if (differs(QString(left) + right, QStringLiteral("00")))
+                return false;
+    }
+    return true;
+}
+
+/// Asks the view for the width of a cell, once for all texts that differ in their digits only.
+class WidthTable
+{
+public:
+    WidthTable(const QTableView& view, const NumberTableModel& model)
+        : m_view(view)
+        , m_model(model)
+        , m_grid(view.showGrid() ? 1 : 0)
+    {
+    }
+
+    int widthOf(int row, int column)
+    {
+        const QModelIndex index = m_model.index(row, column);
+        QString shape = index.data().toString();
+        for (QChar& c : shape)
+            if (c.isDigit())
+                c = u'0';
+        const auto known = m_widths.constFind(shape);
+        return known != m_widths.constEnd()
+                   ? *known
+                   : *m_widths.insert(shape, m_view.sizeHintForIndex(index).width() + m_grid);
+    }
+
+private:
+    const QTableView& m_view;
+    const NumberTableModel& m_model;
+    int m_grid;
+    QHash<QString, int> m_widths;
+};
+
+void measureEveryCell(QTableView* view)
+{
+    QHeaderView* header = view->horizontalHeader();
+    const int precision = header->resizeContentsPrecision();
+    header->setResizeContentsPrecision(-1);
+    view->resizeColumnsToContents();
+    header->setResizeContentsPrecision(precision);
+}
+
+} // namespace
+
+void fitColumnWidths(QTableView* view, const NumberTableModel& model)
+{
+    if (!digitsAreEquallyWide(QFontMetricsF(view->font()))) {
+        measureEveryCell(view);
+        return;
+    }
+    QHeaderView* header = view->horizontalHeader();
+    WidthTable widths(*view, model);
+    const std::vector<Candidates> candidates = candidatesOf(model);
+    for (int column = 0; column < model.columnCount(); ++column) {
+        int width = header->sectionSizeHint(column);
+        for (int row : candidates[static_cast<std::size_t>(column)].rows())
+            if (row >= 0)
+                width = std::max(width, widths.widthOf(row, column));
+        header->resizeSection(
+            column, std::clamp(width, header->minimumSectionSize(), header->maximumSectionSize()));
+    }
+}
+
+void fitRowHeights(QTableView* view)
+{
+    QHeaderView* header = view->verticalHeader();
+    for (int row = 0; row < header->count(); ++row)
+        header->resizeSection(row,
+                              std::max(header->sectionSize(row), header->sectionSizeHint(row)));
+}

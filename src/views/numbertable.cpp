@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/numbertable.h"
+
+#include "settings/numbertext.h"
+#include "settings/settings.h"
+
+NumberTableModel::NumberTableModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+void NumberTableModel::fill(const double* const* values, int rows, int columns)
+{
+    beginResetModel();
+    m_values = values;
+    m_rows = rows;
+    m_columns = columns;
+    m_decimals = settings::precision();
+    endResetModel();
+}
+
+void NumberTableModel::clear()
+{
+    beginResetModel();
+    m_values = nullptr;
+    m_rows = 0;
+    m_columns = 0;
+    endResetModel();
+}
+
+void NumberTableModel::setHeaders(HeaderText vertical, HeaderText horizontal)
+{
+    m_verticalHeader = std::move(vertical);
+    m_horizontalHeader = std::move(horizontal);
+    headersChanged();
+}
+
+void NumberTableModel::headersChanged()
+{
+    if (m_rows > 0)
+        emit headerDataChanged(Qt::Vertical, 0, m_rows - 1);
+    if (m_columns > 0)
+        emit headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
+}
+
+int NumberTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_rows;
+}
+
+int NumberTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_columns;
+}
+
+QVariant NumberTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return QVariant();
+    if (role == Qt::DisplayRole)
+        return numbertext::fixed(value(index.row(), index.column()), m_decimals);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+    return QVariant();
+}
+
+QVariant NumberTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    const bool vertical = orientation == Qt::Vertical;
+    const HeaderText& text = vertical ? m_verticalHeader : m_horizontalHeader;
+    const int count = vertical ? m_rows : m_columns;
+    if (role != Qt::DisplayRole || !text || section < 0 || section >= count)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    return text(section);
+}
+
+unsigned NumberTableModel::decimals() const
+{
+    return m_decimals;
+}
+
+double NumberTableModel::value(int row, int column) const
+{
+    return m_values[row][column];
+}
