@@ -11,11 +11,9 @@
 #include <array>
 #include <cmath>
 
-namespace numbertext
-{
+namespace numbertext {
 
-namespace
-{
+namespace {
 
 constexpr std::array<double, 10> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 

@@ -9,11 +9,10 @@
 
 /// How numbers are rounded and written. All pages and exports go through these, so that one value
 /// reads the same everywhere. Not-a-number is "nan", infinities are "inf" and "-inf".
-namespace numbertext
-{
+namespace numbertext {
 
-/// floor(x 10^p + 0.5) / 10^p with p = min(decimals, 9). Halves go towards positive infinity, so the
-/// result is never minus zero.
+/// floor(x 10^p + 0.5) / 10^p with p = min(decimals, 9). Halves go towards positive infinity, so
+/// the result is never minus zero.
 double rounded(double x, unsigned decimals);
 
 /// Rounds by the stored precision, read afresh at every call.
@@ -22,8 +21,8 @@ double rounded(double x);
 /// Rounded value in fixed notation with as many decimals.
 QString fixed(double x, unsigned decimals);
 
-/// At most six significant digits, no trailing zeros: the default form of a text stream. The value is
-/// written as given; callers round first.
+/// At most six significant digits, no trailing zeros: the default form of a text stream. The value
+/// is written as given; callers round first.
 std::string general(double x);
 
 /// The shortest plain decimal form (never an exponent) that reads back to exactly x.

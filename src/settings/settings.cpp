@@ -5,11 +5,9 @@
 
 #include <QSettings>
 
-namespace settings
-{
+namespace settings {
 
-namespace
-{
+namespace {
 
 const auto precisionKey = QStringLiteral("Precision");
 const auto showSplashKey = QStringLiteral("ShowSplash");

@@ -5,10 +5,9 @@
 
 #include <QString>
 
-/// The program's preferences. Every call opens the store afresh, so a change takes effect at the next
-/// read; nothing is cached.
-namespace settings
-{
+/// The program's preferences. Every call opens the store afresh, so a change takes effect at the
+/// next read; nothing is cached.
+namespace settings {
 
 /// Decimals that numbers are shown and written with: the stored value, 9 where it is larger or
 /// negative, 2 where there is none.

@@ -11,8 +11,7 @@
 #include <QPointer>
 #include <QPushButton>
 
-namespace
-{
+namespace {
 
 QString describe(const QDialog* dialog)
 {
@@ -63,7 +62,11 @@ bool DialogScript::eventFilter(QObject* watched, QEvent* event)
     if (dialog && event->type() == QEvent::Show) {
         m_record << describe(dialog);
         QMetaObject::invokeMethod(
-            this, [this, guarded = QPointer<QDialog>(dialog)] { if (guarded) answer(guarded); },
+            this,
+            [this, guarded = QPointer<QDialog>(dialog)] {
+                if (guarded)
+                    answer(guarded);
+            },
             Qt::QueuedConnection);
     }
     return false;
@@ -78,8 +81,9 @@ void DialogScript::answer(QDialog* dialog)
         button ? button->click() : box->accept();
         return;
     }
-    auto& answers = qobject_cast<QFileDialog*>(dialog) && !m_fileAnswers.isEmpty() ? m_fileAnswers
-                                                                                   : m_dialogAnswers;
+    auto& answers = qobject_cast<QFileDialog*>(dialog) && !m_fileAnswers.isEmpty()
+                        ? m_fileAnswers
+                        : m_dialogAnswers;
     if (answers.isEmpty()) {
         m_record << QStringLiteral("unanswered: ") + dialog->windowTitle();
         dialog->reject();

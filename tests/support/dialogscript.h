@@ -11,8 +11,8 @@
 
 class QDialog;
 
-/// Watches the real boxes and dialogs that the program opens, notes each, and answers it as the test
-/// prepared. Message boxes need no preparation: their first button is clicked.
+/// Watches the real boxes and dialogs that the program opens, notes each, and answers it as the
+/// test prepared. Message boxes need no preparation: their first button is clicked.
 class DialogScript : public QObject
 {
     Q_OBJECT
@@ -24,12 +24,12 @@ public:
     void chooseFile(const QString& path);
     /// Cancels the next file dialog.
     void cancelFile();
-    /// Hands the next dialog of any other kind (or an unprepared file dialog) to @p answer, which must
-    /// end it.
+    /// Hands the next dialog of any other kind (or an unprepared file dialog) to @p answer, which
+    /// must end it.
     void onDialog(std::function<void(QDialog*)> answer);
 
-    /// What appeared, in order: "title|text" for a message box, "caption|proposed file|filter" for a
-    /// file dialog, "title" for any other; cleared by the call.
+    /// What appeared, in order: "title|text" for a message box, "caption|proposed file|filter" for
+    /// a file dialog, "title" for any other; cleared by the call.
     QStringList takeRecord();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "app/mainwindow.h"
+
+#include "app/aboutbox.h"
+#include "app/pelmorasession.h"
+#include "app/sessiontabwidget.h"
+#include "app/userguide.h"
+#include "settings/settings.h"
+#include "ui_mainwindow.h"
+#include "views/dialogprecision.h"
+#include "views/waitcursor.h"
+
+#include <QDesktopServices>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QMimeData>
+
+struct MainWindow::InputKind
+{
+    QString (*lastLocation)();
+    void (*setLastLocation)(const QString&);
+    QString caption;
+    bool (PelmoraSession::*load)(const QString&);
+    QString statusText;
+    bool hasRawData;
+};
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , m_form(std::make_unique<Ui::MainWindow>())
+{
+    m_form->setupUi(this);
+    setAcceptDrops(true);
+    m_form->actionShow_splash->setChecked(settings::showSplash());
+    m_form->actionOpen_explorer_when_closing->setChecked(settings::openFolderAfterClosing());
+}
+
+// The sessions are children of the window and go after its pages; each then opens its folder.
+MainWindow::~MainWindow() = default;
+
+void MainWindow::on_actionDataASCII_triggered()
+{
+    read({settings::lastDataLocation, settings::setLastDataLocation,
+          tr("Open data file in ASCII format"), &PelmoraSession::loadDataMatrix,
+          tr("Read data matrix, %1 rows and %2 cols"), true});
+}
+
+void MainWindow::on_actionCorrASCII_triggered()
+{
+    read({settings::lastCorrelationLocation, settings::setLastCorrelationLocation,
+          tr("Open correlations file in ASCII format"), &PelmoraSession::loadCorrelationMatrix,
+          tr("Read correlation matrix, %1 rows and %2 cols"), false});
+}
+
+void MainWindow::read(const InputKind& kind)
+{
+    const QString path =
+        QFileDialog::getOpenFileName(this, kind.caption, kind.lastLocation(), tr("Any Files *"));
+    if (path.isEmpty()) {
+        QMessageBox::warning(this, tr("Warning"), tr("No file selected!"));
+        return;
+    }
+    kind.setLastLocation(path);
+
+    const WaitCursor waiting;
+    auto* session = new PelmoraSession(this);
+    m_sessions.append(session);
+    if (!(session->*kind.load)(path)) {
+        discardSession(session);
+        return;
+    }
+    m_form->statusBar->showMessage(
+        kind.statusText.arg(session->rowCount()).arg(session->columnCount()));
+    addSessionTab(session);
+
+    if (kind.hasRawData) {
+        session->createDataPage();
+        session->createCorrelationPageFromData();
+    } else {
+        session->createCorrelationPage();
+    }
+    session->createPcaPage();
+}
+
+void MainWindow::discardSession(PelmoraSession* session)
+{
+    m_sessions.removeOne(session);
+    // Opens the folder of the file that failed, on purpose: there the user finds what to mend.
+    delete session;
+}
+
+void MainWindow::addSessionTab(PelmoraSession* session)
+{
+    auto* pages = new SessionTabWidget(m_form->mainTabWidget);
+    session->attachTabWidget(pages);
+    // A single & in a tab's text would mark a shortcut letter and vanish from the path.
+    QString title = session->inputFile();
+    m_form->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
+}
+
+void MainWindow::on_mainTabWidget_tabCloseRequested(int index)
+{
+    delete m_sessions.value(index);
+    if (0 <= index && index < m_sessions.size())
+        m_sessions.removeAt(index);
+    m_form->mainTabWidget->removeTab(index);
+}
+
+void MainWindow::on_actionPrecision_triggered()
+{
+    DialogPrecision dialog(this);
+    dialog.setPrecision(settings::storedPrecision());
+    if (dialog.exec() == QDialog::Accepted)
+        settings::setPrecision(dialog.precision());
+}
+
+void MainWindow::on_actionShow_splash_toggled(bool checked)
+{
+    settings::setShowSplash(checked);
+}
+
+void MainWindow::on_actionOpen_explorer_when_closing_toggled(bool checked)
+{
+    settings::setOpenFolderAfterClosing(checked);
+}
+
+void MainWindow::on_actionAbout_triggered()
+{
+    showAboutBox(this);
+}
+
+void MainWindow::on_actionOnline_help_triggered()
+{
+    const QUrl guide = userGuideUrl();
+    if (guide.isEmpty() || !QDesktopServices::openUrl(guide))
+        QMessageBox::warning(this, tr("Error"), tr("Failed to open online help."));
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+// Files dropped on the window are taken and left alone, on purpose: data are read through the menus
+// only.
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}

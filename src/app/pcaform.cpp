@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "app/pcaform.h"
+
+#include "app/pcaexport.h"
+#include "app/pelmorasession.h"
+#include "numerics/initialfactors.h"
+#include "ui_pcaform.h"
+#include "views/fileexport.h"
+#include "views/numbertable.h"
+#include "views/tablecopy.h"
+#include "views/waitcursor.h"
+
+#include <QMessageBox>
+
+#include <algorithm>
+
+PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
+    : QWidget(tabWidget)
+    , m_form(std::make_unique<Ui::PCAForm>())
+    , m_session(session)
+    , m_names(session->variableNames())
+    , m_eigenvalueModel(new NumberTableModel(this))
+    , m_eigenvectorModel(new NumberTableModel(this))
+    , m_loadingModel(new NumberTableModel(this))
+{
+    m_form->setupUi(this);
+    const auto factorTitle = [](int factor) { return tr("Factor F%1").arg(factor + 1); };
+    const auto variableName = [this](int variable) { return m_names.value(variable); };
+    m_eigenvalueModel->setHeaders(
+        [](int row) {
+            return QStringList{tr("Eigenvalues"), tr("Variance[%]"), tr("Cumulative\nVariance[%]")}
+                .value(row);
+        },
+        [](int column) { return QString::number(column + 1); });
+    m_eigenvectorModel->setHeaders(variableName, factorTitle);
+    m_loadingModel->setHeaders(variableName, factorTitle);
+
+    m_form->tableWidgetEigenwerte->setModel(m_eigenvalueModel);
+    m_form->tableWidgetEigenvektoren->setModel(m_eigenvectorModel);
+    m_form->tableWidgetFaktorladungen->setModel(m_loadingModel);
+    for (QTableView* table : findChildren<QTableView*>())
+        installTableCopy(table);
+
+    connect(session, &SessionFace::variableNamesChanged, this, &PCAForm::on_variableNamesChanged);
+    connect(session, &QObject::destroyed, this, &PCAForm::releaseSessionData);
+}
+
+PCAForm::~PCAForm() = default;
+
+void PCAForm::fillEigenvalues(const pelmora::Vector& eigenvalues)
+{
+    const int n = eigenvalues.size();
+    m_varianceTable = pelmora::Matrix(3, n);
+    if (m_varianceTable.isNull())
+        return;
+    std::copy_n(eigenvalues.data(), n, m_varianceTable[0]);
+    pelmora::explained_variance(eigenvalues.data(), n, m_varianceTable[1], m_varianceTable[2]);
+
+    m_eigenvalueModel->fill(m_varianceTable.rowPointers(), 3, n);
+    fitColumnWidths(m_form->tableWidgetEigenwerte, *m_eigenvalueModel);
+    m_form->tableWidgetEigenwerte->resizeRowsToContents();
+    presetNumberOfFactors(eigenvalues);
+}
+
+void PCAForm::presetNumberOfFactors(const pelmora::Vector& eigenvalues)
+{
+    // The maximum first: a value above it would be cut. With a single variable it pulls the minimum
+    // down with it.
+    m_form->spinBoxNumberOfFactors->setMaximum(eigenvalues.size());
+    m_form->spinBoxNumberOfFactors->setValue(static_cast<int>(std::count_if(
+        eigenvalues.begin(), eigenvalues.end(), [](double value) { return value >= 1.0; })));
+}
+
+void PCAForm::fillEigenvectors(const pelmora::Matrix& eigenvectors)
+{
+    m_eigenvectorModel->fill(eigenvectors.rowPointers(), eigenvectors.rows(),
+                             eigenvectors.columns());
+    fitColumnWidths(m_form->tableWidgetEigenvektoren, *m_eigenvectorModel);
+}
+
+void PCAForm::fillInitialLoadings(const pelmora::Matrix& loadings)
+{
+    m_loadingModel->fill(loadings.rowPointers(), loadings.rows(), loadings.columns());
+    fitColumnWidths(m_form->tableWidgetFaktorladungen, *m_loadingModel);
+}
+
+void PCAForm::releaseSessionData()
+{
+    m_eigenvectorModel->clear();
+    m_loadingModel->clear();
+}
+
+void PCAForm::on_variableNamesChanged(QVector<QString> const& names)
+{
+    if (names.size() != m_names.size())
+        return;
+    m_names = names;
+    m_eigenvectorModel->headersChanged();
+    m_loadingModel->headersChanged();
+}
+
+void PCAForm::on_processButton_clicked()
+{
+    const int numberOfFactors = m_form->spinBoxNumberOfFactors->value();
+    unsigned kinds = 0;
+    if (m_form->checkBoxPelmora->isChecked())
+        kinds |= PelmoraSession::PelmoraBit;
+    if (m_form->checkBoxVarimax->isChecked())
+        kinds |= PelmoraSession::VarimaxBit;
+    if (m_form->checkBoxUnrotated->isChecked())
+        kinds |= PelmoraSession::UnrotatedBit;
+    if (kinds == 0) {
+        QMessageBox::information(this, tr("Error"),
+                                 tr("Please select at least one type of rotation"));
+        return;
+    }
+    if (!m_session)
+        return;
+    const WaitCursor waiting;
+    m_session->createRotationPages(numberOfFactors, kinds);
+}
+
+void PCAForm::on_pushButtonExportEigenwerte_clicked()
+{
+    save(ExportKind::Eigenwerte);
+}
+
+void PCAForm::on_pushButtonExportEigenvektoren_clicked()
+{
+    save(ExportKind::Eigenvectors);
+}
+
+void PCAForm::on_pushButton_clicked()
+{
+    save(ExportKind::InitialFactorLoadings);
+}
+
+void PCAForm::save(ExportKind kind)
+{
+    if (!m_session)
+        return;
+    const auto& decomposition = m_session->decomposition();
+    FileExport fileExport{tr("Please select folder and filename to save values"),
+                          m_session->outputStem(),
+                          {},
+                          tr("Error while trying to save file"),
+                          tr("Cannot write to file!")};
+    switch (kind) {
+    case ExportKind::Eigenwerte:
+        fileExport.filter = QStringLiteral("*.eig");
+        runExport(this, fileExport, [&](std::ostream& out) {
+            pcaexport::writeEigenvalues(out, decomposition.eigenvalues);
+        });
+        break;
+    case ExportKind::Eigenvectors:
+        fileExport.filter = QStringLiteral("*.vec");
+        runExport(this, fileExport, [&](std::ostream& out) {
+            pcaexport::writeFactorMatrix(out, decomposition.eigenvectors, m_names);
+        });
+        break;
+    case ExportKind::InitialFactorLoadings:
+        fileExport.filter = QStringLiteral("*.ini");
+        runExport(this, fileExport, [&](std::ostream& out) {
+            pcaexport::writeFactorMatrix(out, decomposition.initialLoadings, m_names);
+        });
+        break;
+    }
+}

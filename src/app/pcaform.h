@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/owners.h"
+
+#include <QPointer>
+#include <QVector>
+#include <QWidget>
+
+#include <functional>
+#include <iosfwd>
+#include <memory>
+
+class NumberTableModel;
+class PelmoraSession;
+
+namespace Ui {
+class PCAForm;
+}
+
+/// The "PCA" page: eigenvalues, eigenvectors and unrotated loadings as tables, and the settings
+/// from which factor pages are made.
+class PCAForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    PCAForm(PelmoraSession* session, QWidget* tabWidget);
+    ~PCAForm() override;
+
+    /// Also presets the number of factors: as many as there are eigenvalues of at least 1.
+    void fillEigenvalues(const pelmora::Vector& eigenvalues);
+    // The matrices belong to the session; their tables are emptied when it goes.
+    void fillEigenvectors(const pelmora::Matrix& eigenvectors);
+    void fillInitialLoadings(const pelmora::Matrix& loadings);
+
+public slots:
+    void on_variableNamesChanged(QVector<QString> const& names);
+
+private slots:
+    void on_processButton_clicked();
+    void on_pushButtonExportEigenwerte_clicked();
+    void on_pushButtonExportEigenvektoren_clicked();
+    void on_pushButton_clicked();
+
+private:
+    enum class ExportKind { Eigenwerte, Eigenvectors, InitialFactorLoadings };
+
+    void save(ExportKind kind);
+    void presetNumberOfFactors(const pelmora::Vector& eigenvalues);
+    void releaseSessionData();
+
+    std::unique_ptr<Ui::PCAForm> m_form;
+    QPointer<PelmoraSession> m_session;
+    QVector<QString> m_names;
+    pelmora::Matrix m_varianceTable;
+    NumberTableModel* m_eigenvalueModel;
+    NumberTableModel* m_eigenvectorModel;
+    NumberTableModel* m_loadingModel;
+};

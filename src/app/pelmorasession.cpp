@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "app/pelmorasession.h"
+
+#include "app/pcaform.h"
+#include "app/sessiontabwidget.h"
+#include "input/asciicorrreader.h"
+#include "input/asciidatareader.h"
+#include "input/namedmatrix.h"
+#include "minimalpairs/minimalpairfinder.h"
+#include "minimalpairs/minimalpairform.h"
+#include "numerics/rotation.h"
+#include "settings/settings.h"
+#include "views/corrform.h"
+#include "views/dataform.h"
+#include "views/factorform.h"
+#include "views/factorkind.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QUrl>
+
+#include <stdexcept>
+
+struct PelmoraSession::RotationPage
+{
+    unsigned bit;
+    int method;
+    FactorKind kind;
+    const char* tabTitle;
+};
+
+namespace {
+
+void showLoadError(const QString& text)
+{
+    QMessageBox::information(nullptr, PelmoraSession::tr("Error"), text);
+}
+
+} // namespace
+
+PelmoraSession::PelmoraSession(QObject* parent) : SessionFace(parent) {}
+
+// Touches no page: at the program's end they are gone before the session.
+PelmoraSession::~PelmoraSession()
+{
+    if (inputFile().isEmpty() || !settings::openFolderAfterClosing())
+        return;
+    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(inputFile()).absolutePath()));
+}
+
+void PelmoraSession::attachTabWidget(SessionTabWidget* pages)
+{
+    m_pages = pages;
+    pages->setTabsClosable(true);
+    connect(pages, &QTabWidget::tabCloseRequested, this, &PelmoraSession::slotCloseTab);
+}
+
+bool PelmoraSession::loadDataMatrix(const QString& path)
+{
+    m_dataFile = path;
+    AsciiDataReader reader(path, this);
+    if (!reader.readFile() || !reader.checkConsistency())
+        return false;
+    if (!m_data.allocate(reader.lineCount(), reader.columnCount())) {
+        showLoadError(tr("Not enough memory for loading matrix."));
+        return false;
+    }
+    if (!reader.getData(m_data)) {
+        showLoadError(tr("Error in data matrix."));
+        return false;
+    }
+    return true;
+}
+
+bool PelmoraSession::loadCorrelationMatrix(const QString& path)
+{
+    m_correlationFile = path;
+    AsciiCorrReader reader(path, this);
+    if (!reader.read() || !reader.checkConsistency())
+        return false;
+    if (!m_correlations.allocate(reader.lineCount(), reader.lineCount())) {
+        showLoadError(tr("Not enough memory for loading matrix."));
+        return false;
+    }
+    if (!reader.getData(m_correlations)) {
+        showLoadError(tr("Error in correlation matrix."));
+        return false;
+    }
+    if (!m_correlations.testSymmetry()) {
+        showLoadError(
+            tr("Correlation matrix is not symmetric! %1").arg(m_correlations.asymmetry()));
+        return false;
+    }
+    return true;
+}
+
+const AsciiData& PelmoraSession::currentMatrix() const
+{
+    if (m_data.rows() > 0)
+        return m_data;
+    if (m_correlations.rows() > 0)
+        return m_correlations;
+    throw std::logic_error("Internal Error!");
+}
+
+unsigned PelmoraSession::rowCount() const
+{
+    return currentMatrix().rows();
+}
+
+unsigned PelmoraSession::columnCount() const
+{
+    return currentMatrix().cols();
+}
+
+QString PelmoraSession::inputFile() const
+{
+    return m_dataFile.isEmpty() ? m_correlationFile : m_dataFile;
+}
+
+QString PelmoraSession::outputStem() const
+{
+    const QFileInfo file(inputFile());
+    return file.absolutePath() + u'/' + file.completeBaseName();
+}
+
+bool PelmoraSession::createDataPage()
+{
+    if (!m_pages)
+        return false;
+    m_dataPage = new DataForm(this, m_pages);
+    m_dataPage->fill(m_data);
+    m_pages->addPage(m_dataPage, tr("Raw data"), false);
+    return true;
+}
+
+bool PelmoraSession::createCorrelationPageFromData()
+{
+    auto computed = factoranalysis::correlations(m_data.matrix(), m_rowWise);
+    if (computed.isNull())
+        return false;
+    removePage(m_correlationPage);
+    m_correlations.setMatrix(std::move(computed.matrix));
+    m_correlations.setNames(m_data.names().first(m_correlations.rows()));
+    m_standardised = std::move(computed.standardised);
+    return createCorrelationPage();
+}
+
+bool PelmoraSession::createCorrelationPage()
+{
+    if (!m_pages)
+        return false;
+    removePage(m_correlationPage);
+    m_correlationPage = new CorrForm(this, m_pages);
+    m_correlationPage->fill(m_correlations);
+    m_pages->addPage(m_correlationPage, tr("Correlations"), false);
+    return true;
+}
+
+void PelmoraSession::createPcaPage()
+{
+    removePage(m_pcaPage);
+    m_decomposition = factoranalysis::decompose(m_correlations.matrix());
+    if (!m_pages || m_decomposition.isNull())
+        return;
+    qDebug("Used %d jacobi rotations.... ", m_decomposition.rotations);
+
+    m_pcaPage = new PCAForm(this, m_pages);
+    m_pcaPage->fillEigenvalues(m_decomposition.eigenvalues);
+    m_pcaPage->fillEigenvectors(m_decomposition.eigenvectors);
+    m_pcaPage->fillInitialLoadings(m_decomposition.initialLoadings);
+    m_pages->addPage(m_pcaPage, tr("PCA"), false);
+    m_pages->setCurrentWidget(m_pcaPage);
+}
+
+void PelmoraSession::removePage(QWidget* page)
+{
+    if (!page)
+        return;
+    if (m_pages)
+        m_pages->removeTab(m_pages->indexOf(page));
+    delete page;
+}
+
+void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
+{
+    static constexpr RotationPage pages[] = {
+        {PelmoraBit, pelmora::PelmoraRotation, FactorKind::Pelmora, QT_TR_NOOP("Pelmora[%1]")},
+        {VarimaxBit, pelmora::VarimaxRotation, FactorKind::Varimax, QT_TR_NOOP("Varimax[%1]")},
+        {UnrotatedBit, pelmora::NoRotation, FactorKind::Initial, QT_TR_NOOP("Initial[%1]")}};
+    for (const RotationPage& page : pages) {
+        if (kinds & page.bit)
+            createRotationPage(numberOfFactors, page);
+    }
+}
+
+void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage& page)
+{
+    auto factors = factoranalysis::factors(m_decomposition, numberOfFactors, page.method,
+                                           m_standardised, m_rowWise);
+    if (!m_pages || factors.isNull())
+        return;
+    const NamedMatrix loadings{std::move(factors.loadings), m_correlations.names()};
+
+    auto* form = new FactorForm(m_pages, numberOfFactors, this);
+    form->setTitle(factorTitle(page.kind));
+    const bool leaveOutMinimalPairs = variableCount() < 2;
+    form->setUp(loadings, leaveOutMinimalPairs, std::move(factors.scores));
+    if (!leaveOutMinimalPairs)
+        addMinimalPairs(form, loadings);
+    m_pages->addPage(form, tr(page.tabTitle).arg(numberOfFactors), true);
+}
+
+void PelmoraSession::addMinimalPairs(FactorForm* page, const NamedMatrix& loadings)
+{
+    const MinimalPairFinder finder(loadings);
+    for (int factor = 0; factor < loadings.values.columns(); ++factor) {
+        auto* pairs = new MinimalPairForm(finder, factor, page);
+        connect(this, &SessionFace::variableNamesChanged, pairs,
+                &MinimalPairForm::on_variableNamesChanged);
+        page->addFocalFactorTab(pairs, factor + 1);
+    }
+}
+
+void PelmoraSession::slotCloseTab(int iIndex)
+{
+    if (m_pages)
+        m_pages->removeTab(iIndex);
+}
+
+int PelmoraSession::variableCount() const
+{
+    return static_cast<int>(m_correlations.rows());
+}
+
+QVector<QString> PelmoraSession::variableNames() const
+{
+    return m_correlations.names().texts();
+}
+
+void PelmoraSession::setVariableNames(const QVector<QString>& names)
+{
+    const auto written = VariableNames::fromTexts(names).first(m_correlations.rows());
+    m_correlations.setNames(written);
+    if (hasRawData()) {
+        // Names beyond the variables belong to the other orientation and stay.
+        VariableNames all = m_data.names();
+        for (std::size_t i = 0; i < written.size(); ++i)
+            all.set(i, written[i]);
+        m_data.setNames(all);
+    }
+    emit variableNamesChanged(written.texts());
+}
+
+void PelmoraSession::setRowWise(bool rowWise)
+{
+    if (rowWise == m_rowWise)
+        return;
+    m_rowWise = rowWise;
+    if (!createCorrelationPageFromData()) {
+        m_rowWise = !rowWise;
+        return;
+    }
+    createPcaPage();
+}

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "app/factoranalysis.h"
+#include "input/correlationdata.h"
+#include "views/sessionface.h"
+
+#include <QPointer>
+#include <QVector>
+
+class CorrForm;
+class DataForm;
+class FactorForm;
+class PCAForm;
+class SessionTabWidget;
+struct NamedMatrix;
+
+/// One analysis: one input file and everything computed from it, shown as pages of a tab widget.
+class PelmoraSession : public SessionFace
+{
+    Q_OBJECT
+
+public:
+    /// The kinds of factor page that createRotationPages() is asked for, as bits.
+    enum RotationBit : unsigned { PelmoraBit = 1, VarimaxBit = 2, UnrotatedBit = 4 };
+
+    explicit PelmoraSession(QObject* parent);
+    /// Opens the folder of the input file where the user wants that.
+    ~PelmoraSession() override;
+
+    /// Shows the session's pages in @p pages. Either of the two may go first.
+    void attachTabWidget(SessionTabWidget* pages);
+
+    /// Reads a raw data file; every fault has been shown when false is returned.
+    bool loadDataMatrix(const QString& path);
+    /// Reads a correlation file; every fault has been shown when false is returned.
+    bool loadCorrelationMatrix(const QString& path);
+
+    unsigned rowCount() const;
+    unsigned columnCount() const;
+    /// The raw data where there are any, else the correlations. Throws std::logic_error with the
+    /// text "Internal Error!" when there are neither.
+    const AsciiData& currentMatrix() const;
+    QString inputFile() const;
+
+    bool createDataPage();
+    bool createCorrelationPageFromData();
+    bool createCorrelationPage();
+    /// Decomposes the correlations and shows the result on a new "PCA" page.
+    void createPcaPage();
+    /// Adds one page per bit of @p kinds, in the order of the bits, with the first @p
+    /// numberOfFactors.
+    void createRotationPages(int numberOfFactors, unsigned kinds);
+
+    /// What the "PCA" page shows and writes.
+    const factoranalysis::Decomposition& decomposition() const { return m_decomposition; }
+
+    QString outputStem() const override;
+    QVector<QString> variableNames() const override;
+    void setVariableNames(const QVector<QString>& names) override;
+    bool isRowWise() const override { return m_rowWise; }
+    void setRowWise(bool rowWise) override;
+
+public slots:
+    /// Removes a page's tab; the page itself lives on with the tab widget.
+    void slotCloseTab(int iIndex);
+
+private:
+    struct RotationPage;
+
+    bool hasRawData() const { return !m_dataFile.isEmpty(); }
+    int variableCount() const;
+    void createRotationPage(int numberOfFactors, const RotationPage& page);
+    void addMinimalPairs(FactorForm* page, const NamedMatrix& loadings);
+    void removePage(QWidget* page);
+
+    QPointer<SessionTabWidget> m_pages;
+    AsciiData m_data;
+    QPointer<DataForm> m_dataPage;
+    QString m_dataFile;
+    CorrelationData m_correlations;
+    QPointer<CorrForm> m_correlationPage;
+    QString m_correlationFile;
+    QPointer<PCAForm> m_pcaPage;
+    factoranalysis::Decomposition m_decomposition;
+
+    /// z-scores of the raw data, in the raw data's own shape. The data themselves stay as read, so
+    /// that every change of orientation starts from the same values.
+    pelmora::Matrix m_standardised;
+    bool m_rowWise = false;
+};

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+/// Who and what the program is: the one place to change for a release.
+namespace product {
+
+inline constexpr char name[] = "Pelmora";
+inline constexpr char version[] = "1.0";
+inline constexpr char rightsYear[] = "2014";
+/// Stated as is, whatever the build: it names the edition, not the machine it was compiled for.
+inline constexpr char bitWidth[] = "32";
+
+/// Organisation name and domain at once; decides where the settings are kept.
+inline constexpr char organisation[] = "pelmora.example";
+/// Names the desktop entry, the metainfo and the icons.
+inline constexpr char applicationId[] = "example.pelmora.Pelmora";
+
+inline constexpr char rightsHolder[] = "The Pelmora Developers";
+inline constexpr char postalAddress[] = "1 Example Street, 00000 Example Town";
+inline constexpr char webAddress[] = "https://www.pelmora.example/";
+inline constexpr char mailAddress[] = "contact@pelmora.example";
+
+inline constexpr char userGuideFile[] = "pelmora-user-guide.pdf";
+
+} // namespace product

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "app/errorbox.h"
+#include "app/startup.h"
+#include "settings/settings.h"
+#include "tour/tour.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+/// Usage: pelmora_tour [output folder]
+int main(int argc, char* argv[])
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    nameApplication();
+    installErrorBox();
+
+    // The tour leaves the user's own settings alone.
+    const QTemporaryDir ownSettings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, ownSettings.path());
+    settings::setOpenFolderAfterClosing(false);
+
+    const QDir output(application.arguments().value(1, QStringLiteral("pelmora-tour")));
+    if (!output.mkpath(QStringLiteral("."))) {
+        QTextStream(stderr) << "Cannot make the folder " << output.absolutePath() << Qt::endl;
+        return 1;
+    }
+    const bool succeeded = Tour(output, QDir(QStringLiteral(PELMORA_DATA_DIR))).run();
+    QTextStream(stdout) << "The exports and pictures are in " << output.absolutePath() << Qt::endl;
+    return succeeded ? 0 : 1;
+}
