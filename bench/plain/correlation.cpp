@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-namespace pelmora {
+namespace pelmora::plain {
 
 double** correlate(double** x, int nrows, int ncols, int flag)
 {
@@ -55,4 +55,4 @@ double** correlate(double** x, int nrows, int ncols, int flag)
     return r;
 }
 
-} // namespace pelmora
+} // namespace pelmora::plain

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace pelmora {
+namespace pelmora::plain {
 
 namespace {
 
@@ -113,4 +113,4 @@ int jacobi(double** a, int n, double* d, double** v)
     return rotations;
 }
 
-} // namespace pelmora
+} // namespace pelmora::plain

@@ -3,7 +3,7 @@
 
 #include "plain/numerics.h"
 
-namespace pelmora {
+namespace pelmora::plain {
 
 void multiply(double** c, const double* const* a, int flag, const double* const* b, int r, int p,
               int q)
@@ -20,4 +20,4 @@ void multiply(double** c, const double* const* a, int flag, const double* const*
         }
 }
 
-} // namespace pelmora
+} // namespace pelmora::plain

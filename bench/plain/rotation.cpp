@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <utility>
 
-namespace pelmora {
+namespace pelmora::plain {
 
 namespace {
 
@@ -151,4 +151,4 @@ void rotate(double** l, double** b, int m, int p, int method)
     } while (difference > 1e-12);
 }
 
-} // namespace pelmora
+} // namespace pelmora::plain
