@@ -25,13 +25,16 @@ struct MinimalPair
 };
 
 /// Ranks the pairs of variables of one loading matrix for each of its factors as focal factor: by
-/// MinimalPair::difference, highest first, ties by the smaller first and then second index.
+/// MinimalPair::difference, highest first, ties by the smaller first and then second index. Pairs
+/// whose difference is not a number come last.
 class MinimalPairFinder
 {
 public:
-    /// Ranks the best @p limit pairs for every focal factor. What all focal factors share is computed
-    /// once for all.
+    /// Ranks the best @p limit pairs for every focal factor. What all focal factors share is
+    /// computed once for all.
     explicit MinimalPairFinder(const NamedMatrix& loadings, int limit = 3);
+
+    int variableCount() const { return m_variableCount; }
 
     /// Number of ranked pairs per focal factor: limit, or fewer where there are fewer pairs.
     int pairCount() const;
@@ -42,4 +45,15 @@ public:
     /// Pair @p rank (0 is the best) for @p focalFactor (0-based). Throws std::out_of_range with the
     /// text "no such minimal pair!" beyond the last pair.
     MinimalPair pair(int focalFactor, int rank) const;
+
+private:
+    int m_variableCount = 0;
+    int m_factorCount = 0;
+    int m_pairCount = 0;
+    std::vector<std::vector<MinimalPair>> m_ranked; ///< per focal factor, the best first
 };
+
+/// The average |difference| of a pair on all factors but @p focalFactor, summed in ascending order;
+/// 0 where there is no other factor.
+double averageNonFocalDifference(const double* first, const double* second, int factors,
+                                 int focalFactor);

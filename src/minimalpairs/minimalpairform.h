@@ -6,7 +6,14 @@
 #include <QVector>
 #include <QWidget>
 
+#include <memory>
+
+class MinimalPairEntryForm;
 class MinimalPairFinder;
+
+namespace Ui {
+class MinimalPairForm;
+}
 
 /// The minimal pairs of one focal factor, one entry under the other.
 class MinimalPairForm : public QWidget
@@ -21,4 +28,9 @@ public:
 public slots:
     /// Shows the session's new names; lists of another length are ignored.
     void on_variableNamesChanged(QVector<QString> const& names);
+
+private:
+    std::unique_ptr<Ui::MinimalPairForm> m_ui;
+    QVector<MinimalPairEntryForm*> m_entries;
+    int m_variableCount;
 };

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "minimalpairs/minimalpairentryform.h"
+
+#include "settings/numbertext.h"
+#include "settings/settings.h"
+#include "ui_minimalpairentryform.h"
+#include "views/tablecopy.h"
+
+#include <array>
+#include <cmath>
+
+namespace {
+
+enum Column { FirstVariable, SecondVariable, Difference, ColumnCount };
+
+constexpr int widestName = 240; // pixels; a longer name is cut on screen and whole in the tool tip
+
+void setNumber(QTableWidget* table, int row, int column, double value, unsigned decimals)
+{
+    auto* item = new QTableWidgetItem(numbertext::fixed(value, decimals));
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    table->setItem(row, column, item);
+}
+
+} // namespace
+
+MinimalPairEntryForm::MinimalPairEntryForm(const MinimalPair& pair, int rank, int focalFactor,
+                                           const std::vector<int>& nonFocal, QWidget* parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::MinimalPairEntryForm>())
+    , m_pair(pair)
+    , m_rank(rank)
+{
+    m_ui->setupUi(this);
+    m_ui->tableWidget->horizontalHeader()->setMaximumSectionSize(widestName);
+    m_ui->tableWidget->horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    fillTable(focalFactor, nonFocal);
+    showNames();
+    m_ui->labelDifference->setText(
+        tr("difference: %1").arg(numbertext::fixed(m_pair.difference, settings::precision())));
+    installTableCopy(m_ui->tableWidget);
+}
+
+MinimalPairEntryForm::~MinimalPairEntryForm() = default;
+
+void MinimalPairEntryForm::setVariableNames(const QVector<QString>& names)
+{
+    for (auto& variable : m_pair.variables)
+        variable.name = names.value(variable.index);
+    showNames();
+}
+
+void MinimalPairEntryForm::fillTable(int focalFactor, const std::vector<int>& nonFocal)
+{
+    auto* table = m_ui->tableWidget;
+    const unsigned decimals = settings::precision();
+    const int averageRow = static_cast<int>(nonFocal.size()) + 1;
+    table->setColumnCount(ColumnCount);
+    table->setRowCount(averageRow + 1);
+    fillRow(0, tr("Focal factor F%1").arg(focalFactor + 1), focalFactor, decimals);
+    int row = 0;
+    for (const int factor : nonFocal)
+        fillRow(++row, tr("Non focal\nfactor F%1").arg(factor + 1), factor, decimals);
+    const auto& [first, second] = m_pair.variables;
+    table->setVerticalHeaderItem(averageRow,
+                                 new QTableWidgetItem(tr("avg.|differ| :\n(non focal)")));
+    setNumber(table, averageRow, Difference,
+              averageNonFocalDifference(first.loadings.data(), second.loadings.data(),
+                                        static_cast<int>(first.loadings.size()), focalFactor),
+              decimals);
+    table->resizeRowsToContents();
+}
+
+void MinimalPairEntryForm::fillRow(int row, const QString& header, int factor, unsigned decimals)
+{
+    const auto column = static_cast<std::size_t>(factor);
+    const double first = m_pair.variables[0].loadings[column];
+    const double second = m_pair.variables[1].loadings[column];
+    m_ui->tableWidget->setVerticalHeaderItem(row, new QTableWidgetItem(header));
+    setNumber(m_ui->tableWidget, row, FirstVariable, first, decimals);
+    setNumber(m_ui->tableWidget, row, SecondVariable, second, decimals);
+    setNumber(m_ui->tableWidget, row, Difference, std::abs(first - second), decimals);
+}
+
+void MinimalPairEntryForm::showNames()
+{
+    const std::array<QString, rankCount> ranks = {tr("First"), tr("Second"), tr("Third")};
+    const auto& [first, second] = m_pair.variables;
+    const auto cut = [this](const QString& name) {
+        return fontMetrics().elidedText(name, Qt::ElideRight, widestName);
+    };
+    m_ui->labelPair->setText(
+        tr("%1 minimal pair\nvar. %2\nvar. %3")
+            .arg(ranks[static_cast<std::size_t>(m_rank)], cut(first.name), cut(second.name)));
+    m_ui->tableWidget->setHorizontalHeaderLabels({first.name, second.name, tr("| difference |")});
+    m_ui->tableWidget->horizontalHeaderItem(FirstVariable)->setToolTip(first.name);
+    m_ui->tableWidget->horizontalHeaderItem(SecondVariable)->setToolTip(second.name);
+    m_ui->tableWidget->resizeColumnsToContents();
+    m_ui->tableWidget->updateGeometry();
+}
