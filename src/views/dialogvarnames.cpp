@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/dialogvarnames.h"
+
+#include "ui_dialogvarnames.h"
+#include "views/sessionface.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+bool splitsLines(QChar c)
+{
+    return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
+           c.category() == QChar::Separator_Paragraph;
+}
+
+QString onOneLine(QString name)
+{
+    std::replace_if(name.begin(), name.end(), splitsLines, QChar(u' '));
+    return name;
+}
+
+} // namespace
+
+DialogVarNames::DialogVarNames(QWidget* parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::DialogVarNames>())
+{
+    m_ui->setupUi(this);
+    connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+DialogVarNames::~DialogVarNames() = default;
+
+void DialogVarNames::setRowCount(int n)
+{
+    m_ui->tableWidget->setColumnCount(1);
+    m_ui->tableWidget->setRowCount(n);
+    m_ui->tableWidget->setHorizontalHeaderLabels({tr("Name of variable:")});
+    m_ui->tableWidget->resizeColumnToContents(0);
+}
+
+void DialogVarNames::setNames(const QVector<QString>& names)
+{
+    const auto count = std::min<qsizetype>(names.size(), m_ui->tableWidget->rowCount());
+    for (int i = 0; i < count; ++i)
+        m_ui->tableWidget->setItem(i, 0, new QTableWidgetItem(names[i]));
+}
+
+QVector<QString> DialogVarNames::names() const
+{
+    QVector<QString> names(m_ui->tableWidget->rowCount());
+    for (int i = 0; i < m_ui->tableWidget->rowCount(); ++i)
+        if (const auto* item = m_ui->tableWidget->item(i, 0))
+            names[i] = onOneLine(item->text());
+    return names;
+}
+
+void DialogVarNames::accept()
+{
+    // A cell editor hands its text over when it loses the focus, which the button's shortcut alone
+    // does not bring about.
+    m_ui->buttonBox->setFocus();
+    QDialog::accept();
+}
+
+void editVariableNames(QWidget* parent, SessionFace* session)
+{
+    const QPointer<SessionFace> guarded(session);
+    if (!guarded)
+        return;
+    const auto names = guarded->variableNames();
+    DialogVarNames dialog(parent);
+    dialog.setRowCount(static_cast<int>(names.size()));
+    dialog.setNames(names);
+    if (dialog.exec() == QDialog::Accepted && guarded)
+        guarded->setVariableNames(dialog.names());
+}
