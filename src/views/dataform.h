@@ -5,11 +5,22 @@
 
 #include "views/sessionface.h"
 
+#include <QPointer>
+#include <QVector>
 #include <QWidget>
 
-class AsciiData;
+#include <memory>
 
-/// The "Raw data" page: the matrix as read, the choice of orientation, names, and the save.
+class AsciiData;
+class NumberTableModel;
+class StatisticsModel;
+
+namespace Ui {
+class DataForm;
+}
+
+/// The "Raw data" page: the matrix as read, the choice of orientation, statistics of the variables,
+/// names, and the save.
 class DataForm : public QWidget
 {
     Q_OBJECT
@@ -18,6 +29,33 @@ public:
     DataForm(SessionFace* session, QWidget* tabWidget);
     ~DataForm() override;
 
-    /// Shows @p data, which must live until the session is destroyed.
-    void fill(const AsciiData& data);
+    /// Shows @p rawData, which must live until the session is destroyed.
+    void fill(const AsciiData& rawData);
+
+public slots:
+    void on_variableNamesChanged(QVector<QString> const& names);
+
+private slots:
+    void on_radioButtonColumnWise_clicked();
+    void on_radioButtonRowWise_clicked();
+    void on_pushButtonEditNames_clicked();
+    void on_pushButtonSave_clicked();
+
+private:
+    void chooseRowWise(bool rowWise);
+    void showVariables();
+    void showNames(const QVector<QString>& names);
+    void showNoCorrelations();
+    void showWholeRows();
+    void releaseSessionData();
+
+    std::unique_ptr<Ui::DataForm> m_ui;
+    QPointer<SessionFace> m_session;
+    const AsciiData* m_data = nullptr;
+    bool m_rowWise = false;
+    QVector<QString> m_names;
+    bool m_tooFewCases = false;
+    QVector<int> m_constant; ///< variables whose values are all equal
+    NumberTableModel* m_model;
+    StatisticsModel* m_statistics;
 };

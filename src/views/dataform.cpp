@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/dataform.h"
+
+#include "input/asciidata.h"
+#include "ui_dataform.h"
+#include "views/dialogvarnames.h"
+#include "views/fileexport.h"
+#include "views/nameheaders.h"
+#include "views/numbertable.h"
+#include "views/rawdataexport.h"
+#include "views/statisticsmodel.h"
+#include "views/tablecopy.h"
+#include "views/waitcursor.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int listedNames = 5; // constant variables that are named before the list is cut
+
+} // namespace
+
+DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
+    : QWidget(tabWidget)
+    , m_ui(std::make_unique<Ui::DataForm>())
+    , m_session(session)
+    , m_model(new NumberTableModel(this))
+    , m_statistics(new StatisticsModel(this))
+{
+    m_ui->setupUi(this);
+    m_ui->labelNoCorrelations->hide();
+    const auto name = [this](int variable) { return m_names.value(variable); };
+    const auto number = [](int section) { return QString::number(section + 1); };
+    m_model->setHeaders(
+        [=, this](int row) { return m_rowWise ? name(row) : number(row); },
+        [=, this](int column) { return m_rowWise ? number(column) : name(column); });
+    m_statistics->setHeaders(name, StatisticsModel::columnTitle);
+    m_ui->tableData->setModel(m_model);
+    m_ui->tableStatistics->setModel(m_statistics);
+    for (auto* table : {m_ui->tableData, m_ui->tableStatistics}) {
+        limitNameHeaders(table);
+        installTableCopy(table);
+    }
+    connect(session, &SessionFace::variableNamesChanged, this, &DataForm::on_variableNamesChanged);
+    connect(session, &QObject::destroyed, this, &DataForm::releaseSessionData);
+}
+
+DataForm::~DataForm() = default;
+
+void DataForm::fill(const AsciiData& rawData)
+{
+    m_data = &rawData;
+    const auto& values = rawData.matrix();
+    m_model->fill(values.rowPointers(), values.rows(), values.columns());
+    showVariables();
+    fitColumnWidths(m_ui->tableData, *m_model);
+    showWholeRows();
+}
+
+void DataForm::showVariables()
+{
+    m_rowWise = m_session->isRowWise();
+    const auto& values = m_data->matrix();
+    const auto statistics = pelmora::variableStatistics(values.rowPointers(), values.rows(),
+                                                        values.columns(), m_rowWise);
+    m_statistics->setStatistics(statistics);
+    m_tooFewCases = std::any_of(statistics.begin(), statistics.end(),
+                                [](const auto& variable) { return variable.hasTooFewCases(); });
+    m_constant.clear();
+    for (std::size_t i = 0; i < statistics.size(); ++i)
+        if (statistics[i].isConstant())
+            m_constant.append(static_cast<int>(i));
+    // Not the session's names: it may know of no variable before the correlations are formed.
+    showNames(m_data->names().first(statistics.size()).texts());
+    fitColumnWidths(m_ui->tableStatistics, *m_statistics);
+}
+
+void DataForm::showWholeRows()
+{
+    const auto* table = m_ui->tableStatistics;
+    const int needed = table->verticalHeader()->sizeHint().width() +
+                       table->horizontalHeader()->length() + 2 * table->frameWidth() +
+                       table->verticalScrollBar()->sizeHint().width();
+    m_ui->splitter->setSizes({1, needed});
+}
+
+void DataForm::showNames(const QVector<QString>& names)
+{
+    m_names = names;
+    m_model->headersChanged();
+    m_statistics->headersChanged();
+    widenForHeaders(m_ui->tableData);
+    widenForHeaders(m_ui->tableStatistics);
+    showNoCorrelations();
+}
+
+void DataForm::showNoCorrelations()
+{
+    QStringList names;
+    for (const int variable : m_constant.mid(0, listedNames))
+        names << m_names.value(variable);
+    if (m_constant.size() > listedNames)
+        names << QStringLiteral("\u2026");
+    m_ui->labelNoCorrelations->setText(
+        m_tooFewCases ? tr("There are too few cases: correlations cannot be formed.")
+                      : tr("Constant variables, whose correlations cannot be formed: %1")
+                            .arg(names.join(", ")));
+    m_ui->labelNoCorrelations->setVisible(m_tooFewCases || !m_constant.isEmpty());
+}
+
+void DataForm::releaseSessionData()
+{
+    m_data = nullptr;
+    m_model->clear();
+    m_statistics->clear();
+    setEnabled(false);
+}
+
+void DataForm::on_variableNamesChanged(QVector<QString> const& names)
+{
+    if (names.size() == m_names.size())
+        showNames(names);
+}
+
+void DataForm::on_radioButtonColumnWise_clicked()
+{
+    chooseRowWise(false);
+}
+
+void DataForm::on_radioButtonRowWise_clicked()
+{
+    chooseRowWise(true);
+}
+
+void DataForm::chooseRowWise(bool rowWise)
+{
+    if (!m_data)
+        return;
+    {
+        const WaitCursor waiting;
+        m_session->setRowWise(rowWise);
+    }
+    // The session may have refused, for want of memory for instance.
+    const bool accepted = m_session->isRowWise();
+    (accepted ? m_ui->radioButtonRowWise : m_ui->radioButtonColumnWise)->setChecked(true);
+    if (accepted != m_rowWise)
+        showVariables();
+}
+
+void DataForm::on_pushButtonEditNames_clicked()
+{
+    editVariableNames(this, m_session);
+}
+
+void DataForm::on_pushButtonSave_clicked()
+{
+    if (!m_data)
+        return;
+    runExport(this,
+              {tr("Please select folder and filename to save values"), m_session->outputStem(),
+               QStringLiteral("*.dat"), tr("Error while trying to save file"),
+               tr("Cannot write to file!")},
+              [this](std::ostream& out) { writeRawData(out, *m_data); });
+}

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/rawdataexport.h"
+
+#include "input/asciidata.h"
+#include "settings/numbertext.h"
+
+#include <ostream>
+#include <string>
+
+void writeRawData(std::ostream& out, const AsciiData& data)
+{
+    const auto& values = data.matrix();
+    std::string line;
+    for (int row = 0; row < values.rows(); ++row) {
+        line.clear();
+        for (int column = 0; column < values.columns(); ++column) {
+            if (column > 0)
+                line += '\t';
+            line += numbertext::shortest(values[row][column]);
+        }
+        line += '\n';
+        out << line;
+    }
+    data.writeNames(out);
+}

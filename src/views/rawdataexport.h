@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <iosfwd>
+
+class AsciiData;
+
+/// Writes @p data as a raw data file that reads back to exactly the same numbers and names: one
+/// line per matrix row, values separated by tabs in their shortest plain decimal form, then the
+/// name header.
+void writeRawData(std::ostream& out, const AsciiData& data);
