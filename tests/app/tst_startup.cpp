@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "app/product.h"
+#include "app/startup.h"
+#include "support/testsettings.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QSplashScreen>
+#include <QTest>
+#include <QTimer>
+
+class TestStartup : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void welcomeStandsForItsTime_data();
+    void welcomeStandsForItsTime();
+    void theProgramIsNamed();
+};
+
+void TestStartup::welcomeStandsForItsTime_data()
+{
+    QTest::addColumn<QVariant>("showSplash");
+    QTest::addColumn<bool>("waits");
+    QTest::newRow("hidden") << QVariant(false) << false;
+    QTest::newRow("by default") << QVariant() << true;
+}
+
+void TestStartup::welcomeStandsForItsTime()
+{
+    QFETCH(QVariant, showSplash);
+    QFETCH(bool, waits);
+    TestSettings settings;
+    if (showSplash.isValid())
+        settings.set(QStringLiteral("ShowSplash"), showSplash);
+
+    QString title;
+    bool hasIcon = false;
+    bool splashLeft = true;
+    QTimer::singleShot(0, qApp, [&] {
+        splashLeft = false;
+        for (const QWidget* widget : QApplication::topLevelWidgets()) {
+            if (const auto* window = qobject_cast<const QMainWindow*>(widget)) {
+                title = window->windowTitle();
+                hasIcon = !window->windowIcon().isNull();
+            }
+            splashLeft |= qobject_cast<const QSplashScreen*>(widget) && widget->isVisible();
+        }
+        QCoreApplication::exit(3);
+    });
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(runProgram(*qApp), 3);
+    QCOMPARE(timer.elapsed() >= 3000, waits);
+    QCOMPARE(title, QStringLiteral("Pelmora"));
+    QVERIFY(hasIcon);
+    QVERIFY(!splashLeft);
+}
+
+void TestStartup::theProgramIsNamed()
+{
+    nameApplication();
+    QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Pelmora"));
+    QCOMPARE(QCoreApplication::organizationName(), QCoreApplication::organizationDomain());
+    QCOMPARE(QCoreApplication::organizationName(), QLatin1String(product::organisation));
+}
+
+QTEST_MAIN(TestStartup)
+#include "tst_startup.moc"
