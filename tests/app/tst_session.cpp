@@ -122,9 +122,9 @@ void TestSession::init()
 void TestSession::anEmptySessionHasNoMatrix()
 {
     const PelmoraSession session(nullptr);
-    QVERIFY_EXCEPTION_THROWN(session.currentMatrix(), std::logic_error);
     try {
         session.rowCount();
+        QFAIL("an empty session has told its size");
     } catch (const std::exception& error) {
         QCOMPARE(error.what(), "Internal Error!");
     }
