@@ -4,20 +4,21 @@
 #pragma once
 
 #include "input/namedmatrix.h"
+#include "views/factorkind.h"
 #include "views/sessionface.h"
 
 #include <QPointer>
 #include <QVector>
 #include <QWidget>
 
+#include <functional>
+#include <iosfwd>
 #include <memory>
 
 class factorModel;
-class zarnelDelegate;
 class NumberTableModel;
 
-namespace Ui
-{
+namespace Ui {
 class FactorForm;
 }
 
@@ -30,12 +31,43 @@ public:
     FactorForm(QWidget* parent, int numberOfFactors, SessionFace* session);
     ~FactorForm() override;
 
-    /// Shows @p loadings (copied) and @p scores (taken over; null: no scores, their tab is removed).
+    /// Shows @p loadings (copied) and @p scores (taken over; null: no scores, their tab is
+    /// removed). To be called once.
     void setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs, pelmora::Matrix scores);
 
-    /// One of the three titles of factorkind.h; it decides the page's file extensions.
+    /// One of the three titles of factorkind.h, untranslated; it decides the page's file
+    /// extensions.
     void setTitle(const QString& title);
 
     /// Adds a page to "Minimal pairs" under "Focal factor No. %1".
     void addFocalFactorTab(QWidget* page, int factorNumber);
+
+public slots:
+    /// Takes over the session's new names; lists of another length are ignored, since they belong
+    /// to another orientation of the data.
+    void on_variableNamesChanged(QVector<QString> const& names);
+
+private slots:
+    void on_horizontalScrollBarZarnelSize_valueChanged(int value);
+    void on_horizontalScrollBarZarnelSize_sliderMoved(int value);
+    void on_horizontalScrollBarZarnelSize_sliderReleased();
+    void on_ExportRotated_clicked();
+    void on_ImageButton_clicked();
+    void on_pushButtonSaveScores_clicked();
+
+private:
+    void showScores();
+    void zoom(int value);
+    QString proposedFile(const QString& pattern, const QString& extension) const;
+    void exportText(const QString& extension, const std::function<void(std::ostream&)>& write);
+
+    std::unique_ptr<Ui::FactorForm> m_ui;
+    int m_numberOfFactors;
+    QPointer<SessionFace> m_session;
+    NamedMatrix m_loadings;
+    pelmora::Matrix m_scores;
+    FactorKind m_kind = FactorKind::Initial;
+    factorModel* m_model = nullptr;
+    NumberTableModel* m_scoresModel;
+    int m_zoom = 0;
 };

@@ -3,7 +3,7 @@
 
 #include "views/fileexport.h"
 
-#include "views/busycursor.h"
+#include "views/waitcursor.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -24,7 +24,7 @@ QString tr(const char* text)
 QString writeAndClose(std::ofstream& file, const QString& badStreamText,
                       const std::function<void(std::ostream&)>& write)
 {
-    const BusyCursor busyCursor;
+    const WaitCursor waitCursor;
     try {
         file.exceptions(std::ios_base::failbit | std::ios_base::badbit);
         write(file);

@@ -5,7 +5,7 @@
 
 #include "settings/numbertext.h"
 #include "settings/settings.h"
-#include "views/busycursor.h"
+#include "views/waitcursor.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -69,7 +69,7 @@ QString field(const QVariant& value, unsigned decimals)
 
 void copyTable(const QAbstractItemView& view)
 {
-    const BusyCursor busyCursor;
+    const WaitCursor waitCursor;
     QGuiApplication::clipboard()->setText(tableText(view));
 }
 

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/diagramgeometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Room between the circle's box and the text on top of the offset, and of the text above and
+/// below.
+constexpr double textGap = 4.0;
+constexpr int textMargin = 4;
+
+/// Cuts towards zero; lengths beyond every screen are bounded, since they might not fit an int.
+int truncated(double length)
+{
+    constexpr double bound = 1e6;
+    return std::isnan(length) ? 0 : static_cast<int>(std::clamp(length, -bound, bound));
+}
+
+} // namespace
+
+double DiagramGeometry::diameter(double value) const
+{
+    const double absolute = std::abs(value);
+    return size * (proportionalArea ? std::sqrt(absolute) : absolute);
+}
+
+int DiagramGeometry::fontSize() const
+{
+    return std::max(7, truncated((size - 25) * 0.15 + 5.0));
+}
+
+QRect DiagramGeometry::circle(double value, double rowMaximum, double columnMaximum,
+                              QPoint corner) const
+{
+    const double d = diameter(value);
+    const int side = truncated(d);
+    return {truncated((diameter(columnMaximum) - d) * 0.5 + corner.x() + edgeX),
+            truncated((diameter(rowMaximum) - d) * 0.5 + corner.y() + edgeY), side, side};
+}
+
+QPoint DiagramGeometry::textOrigin(double rowMaximum, double columnMaximum, QPoint corner) const
+{
+    return {truncated(diameter(columnMaximum) + textGap + (corner.x() + edgeX) + textCircleOffset +
+                      textHeight / 2),
+            truncated(0.5 * diameter(rowMaximum) + (corner.y() + edgeY) + textWidth / 2)};
+}
+
+QSize DiagramGeometry::cellSize(double rowMaximum, double columnMaximum) const
+{
+    return {
+        truncated(2 * edgeX + textGap + textHeight + textCircleOffset + diameter(columnMaximum)),
+        std::max(truncated(2 * edgeY + diameter(rowMaximum)), textWidth + textMargin)};
+}

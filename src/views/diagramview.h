@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QImage>
+
+class QTableView;
+class factorModel;
+
+/// Makes @p view a circular diagram of @p model: delegate and colours.
+void setUpDiagramView(QTableView* view, factorModel* model);
+
+/// Lays the diagram out anew for the model's present diagram size and names.
+void adjustDiagramView(QTableView* view);
+
+/// Picture of the whole diagram with its headers, for the screen's pixel ratio; null when the
+/// memory does not suffice.
+QImage diagramImage(factorModel* model);

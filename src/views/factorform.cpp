@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/factorform.h"
+
+#include "settings/settings.h"
+#include "ui_factorform.h"
+#include "views/diagramview.h"
+#include "views/factorexport.h"
+#include "views/factormodel.h"
+#include "views/fileexport.h"
+#include "views/numbertable.h"
+#include "views/tablecopy.h"
+#include "views/waitcursor.h"
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QMessageBox>
+
+#include <cstdlib>
+
+namespace {
+
+/// A name may be very long; the header must leave room for the circles.
+constexpr int widestNameInCharacters = 40;
+
+QImage pictureOf(factorModel* model)
+{
+    const WaitCursor waitCursor;
+    return diagramImage(model);
+}
+
+} // namespace
+
+FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* session)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::FactorForm>())
+    , m_numberOfFactors(numberOfFactors)
+    , m_session(session)
+    , m_scoresModel(new NumberTableModel(this))
+{
+    m_ui->setupUi(this);
+    m_ui->scoresTable->setModel(m_scoresModel);
+    m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestNameInCharacters *
+                                                          fontMetrics().averageCharWidth());
+    installTableCopy(m_ui->tableFactors);
+    installTableCopy(m_ui->scoresTable);
+    adjustDiagramView(m_ui->tableFactors);
+    connect(session, &SessionFace::variableNamesChanged, this,
+            &FactorForm::on_variableNamesChanged);
+}
+
+FactorForm::~FactorForm() = default;
+
+void FactorForm::setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs,
+                       pelmora::Matrix scores)
+{
+    m_scores = std::move(scores);
+    if (m_scores.isNull())
+        m_ui->tabWidget->removeTab(m_ui->tabWidget->indexOf(m_ui->scores));
+    else
+        showScores();
+    if (leaveOutMinimalPairs)
+        m_ui->tabWidget->removeTab(m_ui->tabWidget->indexOf(m_ui->minimalPairTab));
+
+    m_loadings = loadings.clone();
+    m_model = new factorModel(m_loadings, m_numberOfFactors, this);
+    setUpDiagramView(m_ui->tableFactors, m_model);
+}
+
+void FactorForm::showScores()
+{
+    m_scoresModel->setHeaders({}, [](int column) { return tr("Factor F%1").arg(column + 1); });
+    m_scoresModel->fill(m_scores.rowPointers(), m_scores.rows(), m_scores.columns());
+    fitColumnWidths(m_ui->scoresTable, *m_scoresModel);
+}
+
+void FactorForm::setTitle(const QString& title)
+{
+    const std::optional<FactorKind> kind = kindOfTitle(title);
+    m_kind = kind.value_or(FactorKind::Initial);
+    m_ui->labelFactors->setFont(QFont(QStringLiteral("Helvetica [Cronyx]"), 12, QFont::Bold));
+    m_ui->labelFactors->setText(kind ? translatedTitle(*kind) : title);
+}
+
+void FactorForm::addFocalFactorTab(QWidget* page, int factorNumber)
+{
+    m_ui->tabWidgetMinimalPairs->addTab(page, tr("Focal factor No. %1").arg(factorNumber));
+}
+
+void FactorForm::on_variableNamesChanged(QVector<QString> const& names)
+{
+    if (!m_model || names.size() != m_model->numberOfVariables())
+        return;
+    m_loadings.names = VariableNames::fromTexts(names);
+    m_model->setVariableNames(m_loadings.names);
+    // Names of other lengths need other rows.
+    adjustDiagramView(m_ui->tableFactors);
+    m_ui->tableFactors->viewport()->update();
+}
+
+void FactorForm::on_horizontalScrollBarZarnelSize_valueChanged(int value)
+{
+    zoom(value);
+}
+
+void FactorForm::on_horizontalScrollBarZarnelSize_sliderMoved(int)
+{
+    // The value follows the slider at once, so valueChanged has done everything.
+}
+
+void FactorForm::on_horizontalScrollBarZarnelSize_sliderReleased()
+{
+    zoom(std::abs(m_ui->horizontalScrollBarZarnelSize->value()));
+}
+
+void FactorForm::zoom(int value)
+{
+    m_zoom = value;
+    if (!m_model)
+        return;
+    m_model->setDiagramSize(m_zoom);
+    adjustDiagramView(m_ui->tableFactors);
+}
+
+QString FactorForm::proposedFile(const QString& pattern, const QString& extension) const
+{
+    return pattern.arg(m_session ? m_session->outputStem() : QString(),
+                       QString::number(m_numberOfFactors), extension);
+}
+
+void FactorForm::exportText(const QString& extension,
+                            const std::function<void(std::ostream&)>& write)
+{
+    FileExport fileExport;
+    fileExport.caption = tr("Please select folder and filename to save values");
+    fileExport.proposedFile = proposedFile(QStringLiteral("%1_%2.%3"), extension);
+    fileExport.filter = QStringLiteral("*.%1").arg(extension);
+    fileExport.failureTitle = tr("Error while saving data");
+    runExport(this, fileExport, write);
+}
+
+void FactorForm::on_ExportRotated_clicked()
+{
+    exportText(loadingsExtension(m_kind), [this](std::ostream& out) {
+        writeLoadings(out, m_loadings, m_model->numberOfFactors(), settings::precision());
+    });
+}
+
+void FactorForm::on_pushButtonSaveScores_clicked()
+{
+    exportText(scoresExtension(m_kind), [this](std::ostream& out) {
+        writeScores(out, m_scores, m_scoresModel->decimals());
+    });
+}
+
+void FactorForm::on_ImageButton_clicked()
+{
+    const QImage image = pictureOf(m_model);
+    if (image.isNull()) {
+        QMessageBox::warning(this, tr("Error while saving data"),
+                             tr("Not enough memory for the image."));
+        return;
+    }
+    QGuiApplication::clipboard()->setImage(image, QClipboard::Clipboard);
+
+    const QString png = QStringLiteral("png");
+    const QString fileName = QFileDialog::getSaveFileName(
+        this, tr("Save As"),
+        proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) + png,
+        tr("%1 Files (*.%2);;All Files (*)").arg(QStringLiteral("PNG"), png));
+    if (!fileName.isEmpty() && !image.save(fileName, "PNG"))
+        showCannotOpenFile(this, fileName);
+}

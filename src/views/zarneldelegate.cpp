@@ -1,0 +1,172 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/zarneldelegate.h"
+
+#include "settings/numbertext.h"
+#include "settings/settings.h"
+#include "views/factormodel.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+
+const QColor positiveColour(150, 150, 150);
+const QColor negativeColour(230, 230, 230);
+
+DiagramGeometry storedGeometry()
+{
+    const settings::DiagramSettings stored = settings::diagram();
+    DiagramGeometry geometry;
+    geometry.edgeX = stored.edgeX;
+    geometry.edgeY = stored.edgeY;
+    geometry.textCircleOffset = stored.textCircleOffset;
+    geometry.proportionalArea = stored.circleScale == QLatin1String("area");
+    return geometry;
+}
+
+QFont valueFont(int size)
+{
+    return QFont(QStringLiteral("Helvetica [Cronyx]"), size, QFont::Normal);
+}
+
+QPen outlinePen()
+{
+    return QPen(Qt::black, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin);
+}
+
+void paintCircle(QPainter* painter, const QRect& circle, double value)
+{
+    painter->setPen(outlinePen());
+    painter->setBrush(value < 0.0 ? negativeColour : positiveColour);
+    painter->drawEllipse(circle);
+}
+
+} // namespace
+
+zarnelDelegate::zarnelDelegate(QObject* parent)
+    : QStyledItemDelegate(parent)
+    , m_geometry(storedGeometry())
+    , m_font(valueFont(m_geometry.fontSize()))
+    , m_fontMetrics(m_font)
+    , m_precision(settings::precision())
+{
+}
+
+void zarnelDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const
+{
+    setFontSize(m_geometry.fontSize());
+    const auto* model = qobject_cast<const factorModel*>(index.model());
+    bool isNumber = false;
+    const double value = index.data().toDouble(&isNumber);
+    if (!model || !isNumber) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (index.row() == 0 || index.column() == 0)
+        paintSummary(painter, option.rect, text(value));
+    else
+        paintLoading(painter, option.rect.topLeft(), *model, index);
+    painter->restore();
+}
+
+void zarnelDelegate::paintSummary(QPainter* painter, const QRect& cell, const QString& text) const
+{
+    const int textWidth = painter->fontMetrics().horizontalAdvance(text);
+    painter->drawText(cell.left() + (cell.width() - textWidth) / 2, cell.top() + cell.height() / 2,
+                      text);
+}
+
+void zarnelDelegate::paintLoading(QPainter* painter, QPoint corner, const factorModel& model,
+                                  const QModelIndex& index) const
+{
+    m_geometry.size = model.diagramSize();
+    const double value = model.value(index.row(), index.column());
+    const double rowMaximum = model.rowMaximum(index.row() - 1);
+    const double columnMaximum = model.columnMaximum(index.column() - 1);
+
+    const QString valueText = text(value);
+    m_geometry.textWidth = m_fontMetrics.horizontalAdvance(valueText);
+    m_geometry.textHeight = m_fontMetrics.height();
+    painter->save();
+    painter->setFont(m_font);
+    painter->setPen(outlinePen());
+    painter->translate(m_geometry.textOrigin(rowMaximum, columnMaximum, corner));
+    painter->rotate(270.0);
+    painter->drawText(0, 0, valueText);
+    painter->restore();
+
+    // A value that is not finite has no size: its text alone stands for it.
+    if (std::isfinite(value))
+        paintCircle(painter, m_geometry.circle(value, rowMaximum, columnMaximum, corner), value);
+}
+
+QSize zarnelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const auto* model = qobject_cast<const factorModel*>(index.model());
+    bool isNumber = false;
+    index.data().toDouble(&isNumber);
+    if (!model || !isNumber)
+        return QStyledItemDelegate::sizeHint(option, index);
+    // Summaries take their room from the headers and from the other cells.
+    if (index.row() == 0 || index.column() == 0)
+        return {1, 1};
+    return m_geometry.cellSize(model->rowMaximum(index.row() - 1),
+                               model->columnMaximum(index.column() - 1));
+}
+
+void zarnelDelegate::rehearse(const factorModel& model)
+{
+    if (m_widest.model() != &model)
+        m_widest = widestLoading(model);
+    if (!m_widest.isValid())
+        return;
+    QImage nowhere(1, 1, QImage::Format_RGB32);
+    QPainter painter(&nowhere);
+    QStyleOptionViewItem option;
+    option.rect = nowhere.rect();
+    // The first paint takes over the model's size, only the second one the font that goes with it.
+    paint(&painter, option, m_widest);
+    paint(&painter, option, m_widest);
+}
+
+QModelIndex zarnelDelegate::widestLoading(const factorModel& model) const
+{
+    QModelIndex widest;
+    int widestText = -1;
+    qsizetype longest = 0;
+    for (int row = 1; row <= model.numberOfVariables(); ++row) {
+        for (int column = 1; column <= model.numberOfFactors(); ++column) {
+            const QString valueText = text(model.value(row, column));
+            // Measuring is slow; a text of fewer characters is never wider.
+            if (valueText.size() < longest)
+                continue;
+            longest = valueText.size();
+            const int width = m_fontMetrics.horizontalAdvance(valueText);
+            if (width > widestText) {
+                widestText = width;
+                widest = model.index(row, column);
+            }
+        }
+    }
+    return widest;
+}
+
+QString zarnelDelegate::text(double value) const
+{
+    return QString::number(numbertext::rounded(value, m_precision), 'g', 6);
+}
+
+void zarnelDelegate::setFontSize(int size) const
+{
+    if (m_font.pointSize() == size)
+        return;
+    m_font = valueFont(size);
+    m_fontMetrics = QFontMetrics(m_font);
+}
