@@ -124,47 +124,35 @@ void PCAForm::on_processButton_clicked()
 
 void PCAForm::on_pushButtonExportEigenwerte_clicked()
 {
-    save(ExportKind::Eigenwerte);
+    save(QStringLiteral("*.eig"), [this](std::ostream& out) {
+        pcaexport::writeEigenvalues(out, m_session->decomposition().eigenvalues);
+    });
 }
 
 void PCAForm::on_pushButtonExportEigenvektoren_clicked()
 {
-    save(ExportKind::Eigenvectors);
+    save(QStringLiteral("*.vec"), [this](std::ostream& out) {
+        pcaexport::writeFactorMatrix(out, m_session->decomposition().eigenvectors, m_names);
+    });
 }
 
 void PCAForm::on_pushButton_clicked()
 {
-    save(ExportKind::InitialFactorLoadings);
+    save(QStringLiteral("*.ini"), [this](std::ostream& out) {
+        pcaexport::writeFactorMatrix(out, m_session->decomposition().initialLoadings, m_names);
+    });
 }
 
-void PCAForm::save(ExportKind kind)
+void PCAForm::save(const QString& filter, const std::function<void(std::ostream&)>& write)
 {
     if (!m_session)
         return;
-    const auto& decomposition = m_session->decomposition();
-    FileExport fileExport{tr("Please select folder and filename to save values"),
-                          m_session->outputStem(),
-                          {},
-                          tr("Error while trying to save file"),
-                          tr("Cannot write to file!")};
-    switch (kind) {
-    case ExportKind::Eigenwerte:
-        fileExport.filter = QStringLiteral("*.eig");
-        runExport(this, fileExport, [&](std::ostream& out) {
-            pcaexport::writeEigenvalues(out, decomposition.eigenvalues);
-        });
-        break;
-    case ExportKind::Eigenvectors:
-        fileExport.filter = QStringLiteral("*.vec");
-        runExport(this, fileExport, [&](std::ostream& out) {
-            pcaexport::writeFactorMatrix(out, decomposition.eigenvectors, m_names);
-        });
-        break;
-    case ExportKind::InitialFactorLoadings:
-        fileExport.filter = QStringLiteral("*.ini");
-        runExport(this, fileExport, [&](std::ostream& out) {
-            pcaexport::writeFactorMatrix(out, decomposition.initialLoadings, m_names);
-        });
-        break;
-    }
+    const FileExport fileExport{tr("Please select folder and filename to save values"),
+                                m_session->outputStem(), filter,
+                                tr("Error while trying to save file"), tr("Cannot write to file!")};
+    runExport(this, fileExport, [&](std::ostream& out) {
+        // The session may have been closed while the dialog stood.
+        if (m_session)
+            write(out);
+    });
 }

@@ -46,9 +46,7 @@ private slots:
     void on_pushButton_clicked();
 
 private:
-    enum class ExportKind { Eigenwerte, Eigenvectors, InitialFactorLoadings };
-
-    void save(ExportKind kind);
+    void save(const QString& filter, const std::function<void(std::ostream&)>& write);
     void presetNumberOfFactors(const pelmora::Vector& eigenvalues);
     void releaseSessionData();
 
