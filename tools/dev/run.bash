@@ -20,7 +20,4 @@ fi
 build "$preset" pelmora pelmora_tour
 output=$PWD/build/tour
 say "There is no display: the tour runs off-screen"
-mkdir -p "$output"
-QT_QPA_PLATFORM=offscreen "build/$preset/tools/tour/pelmora_tour" "$output"
-echo
-echo "The exports and a picture of every page are in $output"
+QT_QPA_PLATFORM=offscreen "build/$preset/tools/pelmora_tour" "$output"

@@ -1,0 +1,24 @@
+# SPDX-FileCopyrightText: 2026 The Pelmora Developers
+# SPDX-License-Identifier: MIT
+#
+# Makes the Debian package and checks it.
+#
+# usage: ./dev package
+#
+# The package is left in build/package-build/package. With SOURCE_DATE_EPOCH set it is the same to the byte every
+# time. The checks are those of desktop-file-validate, appstreamcli and lintian.
+
+need build package
+
+say "Checking the desktop entry and the metainfo"
+desktop-file-validate packaging/*.desktop
+appstreamcli validate --no-net packaging/*.metainfo.xml
+
+build package
+say "Packing"
+rm -rf build/package/package
+cpack --preset package
+
+say "Checking the package"
+lintian --fail-on error,warning --suppress-tags-from-file packaging/debian/lintian-exceptions build/package/package/*.deb
+ls -l build/package/package/*.deb
