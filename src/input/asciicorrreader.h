@@ -18,8 +18,8 @@ public:
     /// after a message.
     bool read();
 
-    /// 0 full square, 1 upper triangle with diagonal, 2 upper without, 3 lower with, 4 lower without,
-    /// 5 not identified (a warning box tells of an entry that is not a number).
+    /// 0 full square, 1 upper triangle with diagonal, 2 upper without, 3 lower with, 4 lower
+    /// without, 5 not identified (a warning box tells of an entry that is not a number).
     int identifyType();
 
     /// Always true: identifyType() has looked at the row lengths.

@@ -21,8 +21,8 @@ public:
     explicit AsciiData(QObject* parent = nullptr);
     ~AsciiData() override;
 
-    /// Replaces the matrix by a new one of rows x cols, contents uninitialised. Where the memory does
-    /// not suffice, the data are left with 0 rows and 0 columns and false is returned.
+    /// Replaces the matrix by a new one of rows x cols, contents uninitialised. Where the memory
+    /// does not suffice, the data are left with 0 rows and 0 columns and false is returned.
     bool allocate(unsigned rows, unsigned cols);
 
     /// Replaces the matrix by @p values and takes over its size.
@@ -34,8 +34,8 @@ public:
     /// Frees the matrix and empties the names. Rows and columns are left as they were, on purpose.
     void clear();
 
-    /// Calls @p test on every cell in row-major order and returns false at the first cell for which it
-    /// returns false.
+    /// Calls @p test on every cell in row-major order and returns false at the first cell for which
+    /// it returns false.
     bool forEachCell(bool (*test)(double*));
 
     /// Writes one line "vname", tab, 1-based number, tab, name per name.

@@ -7,13 +7,22 @@
 #include <QString>
 #include <QStringList>
 
-class AsciiData;
+#include <memory>
 
-/// Splits a text file into data lines, name lines and other lines. Single use: construct, read, take
-/// the numbers, discard.
+class AsciiData;
+class QFile;
+class VariableNames;
+
+namespace pelmora {
+class NumberLines;
+}
+
+/// Splits a text file into data lines, name lines and other lines. Single use: construct, read,
+/// take the numbers, discard.
 ///
-/// A file is read as bytes, Latin-1, each line up to its first NUL. Line ends may be LF, CR LF or CR.
-/// Lines are trimmed; one that begins with "vname" is a name line; one that consists of digits, "+",
+/// A file is read as bytes, Latin-1, each line up to its first NUL. Line ends may be LF, CR LF or
+/// CR. Lines are trimmed; one that begins with "vname" is a name line; one that consists of digits,
+/// "+",
 /// "-", "." and white space only is a data line; all others are set aside without a word.
 class AsciiReader : public QObject
 {
@@ -32,10 +41,41 @@ public:
     /// Entries in the first data line; 0 without data lines.
     unsigned columnCount() const;
 
+    /// The trimmed lines in file order. A reader that has converted its data lines while reading
+    /// does not keep the text and reads the file once more for the data and other lines.
+    QStringList dataLines() const;
+    QStringList nameLines() const;
+    QStringList otherLines() const;
+
     /// 1 for a name line, 2 for an other line, 0 for a data line.
     int classifyLine(const QString& line) const;
 
-    /// Zero-based variable index of a name line and its name; -1 and an empty name when the line has
-    /// no readable number.
+    /// Zero-based variable index of a name line and its name; -1 and an empty name when the line
+    /// has no readable number.
     int parseNameLine(const QString& line, QString& name) const;
+
+protected:
+    /// What readFile() makes of data lines.
+    enum class DataLines { KeepText, Convert };
+    AsciiReader(const QString& fileName, DataLines dataLines, QObject* parent);
+
+    /// The numbers of the data lines; null where their text is kept.
+    pelmora::NumberLines* numbers() const;
+    /// Replaces the text of the data lines.
+    void setDataLines(const QStringList& lines);
+
+    /// As many names as the longer side of the data has places: numbers by default, then the file's
+    /// name lines in order. A line for a variable beyond them is ignored.
+    VariableNames variableNames() const;
+
+private:
+    bool readNumbers(QFile& file);
+    bool readText(QFile& file);
+    std::unique_ptr<AsciiReader> readAgain() const;
+
+    QString m_fileName;
+    QStringList m_dataLines;
+    QStringList m_nameLines;
+    QStringList m_otherLines;
+    std::unique_ptr<pelmora::NumberLines> m_numbers;
 };

@@ -7,7 +7,10 @@
 
 #include <QString>
 
-/// The correlation matrix of a session, computed or read from a file, with the names of its variables.
+#include <iosfwd>
+
+/// The correlation matrix of a session, computed or read from a file, with the names of its
+/// variables.
 class CorrelationData : public AsciiData
 {
     Q_OBJECT
@@ -25,3 +28,8 @@ public:
 private:
     QString m_asymmetry;
 };
+
+/// Writes the correlations as a file that the correlation reader takes back: one line per row,
+/// every value rounded by the stored precision p (read once) and right aligned in p + 4 characters,
+/// then the name header. At least one blank precedes a value, and no value has an exponent.
+void writeCorrelations(std::ostream& out, const CorrelationData& correlations);

@@ -10,8 +10,9 @@
 #include <map>
 #include <string>
 
-/// The names of a matrix's variables as 8-bit Latin-1 text. A variable without a given name is called
-/// by its 1-based number; that is a rule, not a list, since a long file may have very many of them.
+/// The names of a matrix's variables as 8-bit Latin-1 text. A variable without a given name is
+/// called by its 1-based number; that is a rule, not a list, since a long file may have very many
+/// of them.
 class VariableNames
 {
 public:

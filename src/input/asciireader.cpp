@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "input/asciireader.h"
+
+#include "input/linebuffer.h"
+#include "input/linescan.h"
+#include "input/linetext.h"
+#include "input/numberlines.h"
+#include "input/readerreport.h"
+#include "input/variablenames.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <new>
+
+namespace {
+
+QString trimmedText(const char* first, const char* last)
+{
+    const QString text = QString::fromLatin1(first, last - first);
+    const QStringView trimmed = linetext::trimmed(text);
+    return trimmed.size() == text.size() ? text : trimmed.toString();
+}
+
+/// A pipe would be waited for without end, and a folder cannot be read.
+bool openForReading(QFile& file)
+{
+    return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+template <typename TakePiece>
+bool takeAllPieces(QFile& file, TakePiece takePiece)
+{
+    pelmora::LineBuffer buffer(file);
+    while (buffer.next())
+        pelmora::scanLines(buffer.begin(), buffer.end(), takePiece);
+    return !buffer.failed();
+}
+
+bool isNameLine(const char* p)
+{
+    return std::strncmp(pelmora::skipBlanks(p), "vname", 5) == 0;
+}
+
+unsigned toUnsigned(std::size_t count)
+{
+    return static_cast<unsigned>(std::min<std::size_t>(count, UINT_MAX));
+}
+
+} // namespace
+
+AsciiReader::AsciiReader(const QString& fileName, QObject* parent)
+    : AsciiReader(fileName, DataLines::KeepText, parent)
+{
+}
+
+AsciiReader::AsciiReader(const QString& fileName, DataLines dataLines, QObject* parent)
+    : QObject(parent)
+    , m_fileName(fileName)
+{
+    if (dataLines == DataLines::Convert)
+        m_numbers = std::make_unique<pelmora::NumberLines>();
+}
+
+AsciiReader::~AsciiReader() = default;
+
+bool AsciiReader::readFile()
+{
+    QFile file(m_fileName);
+    if (!openForReading(file))
+        return false;
+    bool read = false;
+    try {
+        read = m_numbers ? readNumbers(file) : readText(file);
+    } catch (const std::bad_alloc&) {
+        // A text that does not fit into memory cannot be read.
+    }
+    if (!read)
+        showReaderReport(QMessageBox::Warning, QStringLiteral("Error"),
+                         QStringLiteral("Error while reading file %1").arg(m_fileName));
+    return read;
+}
+
+bool AsciiReader::readNumbers(QFile& file)
+{
+    return takeAllPieces(file, [this](const char* p) {
+        if (isNameLine(p)) {
+            const char* end = pelmora::pieceEnd(p);
+            m_nameLines.append(trimmedText(p, end));
+            return end;
+        }
+        bool isData = false;
+        return m_numbers->takeLine(p, isData);
+    });
+}
+
+bool AsciiReader::readText(QFile& file)
+{
+    return takeAllPieces(file, [this](const char* p) {
+        const char* end = pelmora::pieceEnd(p);
+        const QString line = trimmedText(p, end);
+        switch (classifyLine(line)) {
+        case linetext::Data:
+            m_dataLines.append(line);
+            break;
+        case linetext::Name:
+            m_nameLines.append(line);
+            break;
+        default:
+            m_otherLines.append(line);
+        }
+        return end;
+    });
+}
+
+unsigned AsciiReader::lineCount() const
+{
+    return m_numbers ? toUnsigned(m_numbers->lineCount())
+                     : toUnsigned(static_cast<std::size_t>(m_dataLines.size()));
+}
+
+unsigned AsciiReader::columnCount() const
+{
+    if (m_numbers)
+        return toUnsigned(m_numbers->columnCount());
+    const qsizetype count = linetext::entries(m_dataLines.value(0)).size();
+    return toUnsigned(static_cast<std::size_t>(count));
+}
+
+QStringList AsciiReader::dataLines() const
+{
+    return m_numbers ? readAgain()->m_dataLines : m_dataLines;
+}
+
+QStringList AsciiReader::nameLines() const
+{
+    return m_nameLines;
+}
+
+QStringList AsciiReader::otherLines() const
+{
+    return m_numbers ? readAgain()->m_otherLines : m_otherLines;
+}
+
+std::unique_ptr<AsciiReader> AsciiReader::readAgain() const
+{
+    auto reader = std::make_unique<AsciiReader>(m_fileName, nullptr);
+    QFile file(m_fileName);
+    if (openForReading(file))
+        reader->readText(file);
+    return reader;
+}
+
+int AsciiReader::classifyLine(const QString& line) const
+{
+    return linetext::kindOf(line);
+}
+
+int AsciiReader::parseNameLine(const QString& line, QString& name) const
+{
+    return linetext::parseName(line, name);
+}
+
+pelmora::NumberLines* AsciiReader::numbers() const
+{
+    return m_numbers.get();
+}
+
+void AsciiReader::setDataLines(const QStringList& lines)
+{
+    m_dataLines = lines;
+}
+
+VariableNames AsciiReader::variableNames() const
+{
+    VariableNames names(std::max(lineCount(), columnCount()));
+    for (const QString& line : m_nameLines) {
+        QString name;
+        const int index = parseNameLine(line, name);
+        if (index >= 0)
+            names.set(static_cast<std::size_t>(index), name.toLatin1().toStdString());
+    }
+    return names;
+}

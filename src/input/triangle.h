@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QStringList>
+
+/// Completes the lines of a triangle to those of a full square matrix. Entries are copied as text.
+/// Where an entry has no place in the square, or one is missing in it, the lines stay a triangle.
+namespace triangle {
+
+QStringList withUpperDiagonal(const QStringList& lines);
+QStringList withLowerDiagonal(const QStringList& lines);
+
+/// Both take a triangle with its diagonal.
+QStringList mirroredUpper(const QStringList& lines);
+QStringList mirroredLower(const QStringList& lines);
+
+} // namespace triangle

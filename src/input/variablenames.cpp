@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "input/variablenames.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A line break or NUL would end the name line that the name is written to.
+std::string toBytes(const QString& text)
+{
+    std::string bytes = text.toLatin1().toStdString();
+    std::replace_if(
+        bytes.begin(), bytes.end(),
+        [](char byte) { return byte == '\n' || byte == '\r' || byte == '\0'; }, ' ');
+    return bytes;
+}
+
+} // namespace
+
+VariableNames VariableNames::fromTexts(const QVector<QString>& texts)
+{
+    VariableNames names(static_cast<std::size_t>(texts.size()));
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        names.set(static_cast<std::size_t>(i), toBytes(texts[i]));
+    return names;
+}
+
+std::string VariableNames::operator[](std::size_t index) const
+{
+    const auto given = m_given.find(index);
+    return given == m_given.end() ? std::to_string(index + 1) : given->second;
+}
+
+QString VariableNames::text(std::size_t index) const
+{
+    return QString::fromLatin1(QByteArray::fromStdString((*this)[index]));
+}
+
+QVector<QString> VariableNames::texts() const
+{
+    QVector<QString> texts;
+    texts.reserve(static_cast<qsizetype>(m_count));
+    for (std::size_t i = 0; i < m_count; ++i)
+        texts.append(text(i));
+    return texts;
+}
+
+void VariableNames::set(std::size_t index, const std::string& name)
+{
+    if (index >= m_count)
+        return;
+    if (name == std::to_string(index + 1))
+        m_given.erase(index);
+    else
+        m_given.insert_or_assign(index, name);
+}
+
+VariableNames VariableNames::first(std::size_t count) const
+{
+    VariableNames names(count);
+    names.m_given.insert(m_given.begin(), m_given.lower_bound(std::min(count, m_count)));
+    return names;
+}
