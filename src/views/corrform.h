@@ -5,9 +5,18 @@
 
 #include "views/sessionface.h"
 
+#include <QPointer>
+#include <QVector>
 #include <QWidget>
 
+#include <memory>
+
 class CorrelationData;
+class NumberTableModel;
+
+namespace Ui {
+class CorrForm;
+}
 
 /// The "Correlations" page: the matrix, names, and the export as "*.cor".
 class CorrForm : public QWidget
@@ -20,4 +29,21 @@ public:
 
     /// Shows @p correlations, which must live until the session is destroyed.
     void fill(const CorrelationData& correlations);
+
+public slots:
+    void on_variableNamesChanged(QVector<QString> const& names);
+
+private slots:
+    void on_pushButtonEditNames_clicked();
+    void on_pushButtonSave_clicked();
+
+private:
+    void releaseSessionData();
+    void writeTo(const QString& fileName);
+
+    std::unique_ptr<Ui::CorrForm> m_ui;
+    QPointer<SessionFace> m_session;
+    const CorrelationData* m_correlations = nullptr;
+    QVector<QString> m_names;
+    NumberTableModel* m_model;
 };

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/corrform.h"
+
+#include "input/correlationdata.h"
+#include "settings/settings.h"
+#include "ui_corrform.h"
+#include "views/dialogvarnames.h"
+#include "views/nameheaders.h"
+#include "views/numbertable.h"
+#include "views/tablecopy.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include <fstream>
+
+CorrForm::CorrForm(SessionFace* session, QWidget* tabWidget)
+    : QWidget(tabWidget)
+    , m_ui(std::make_unique<Ui::CorrForm>())
+    , m_session(session)
+    , m_model(new NumberTableModel(this))
+{
+    m_ui->setupUi(this);
+    const auto name = [this](int variable) { return m_names.value(variable); };
+    m_model->setHeaders(name, name);
+    m_ui->tableCorrelations->setModel(m_model);
+    limitNameHeaders(m_ui->tableCorrelations);
+    installTableCopy(m_ui->tableCorrelations);
+    connect(session, &SessionFace::variableNamesChanged, this, &CorrForm::on_variableNamesChanged);
+    connect(session, &QObject::destroyed, this, &CorrForm::releaseSessionData);
+}
+
+CorrForm::~CorrForm() = default;
+
+void CorrForm::fill(const CorrelationData& correlations)
+{
+    m_correlations = &correlations;
+    const auto& values = correlations.matrix();
+    m_names = correlations.names().first(correlations.rows()).texts();
+    m_model->fill(values.rowPointers(), values.rows(), values.columns());
+    fitColumnWidths(m_ui->tableCorrelations, *m_model);
+}
+
+void CorrForm::releaseSessionData()
+{
+    m_correlations = nullptr;
+    m_model->clear();
+    setEnabled(false);
+}
+
+void CorrForm::on_variableNamesChanged(QVector<QString> const& names)
+{
+    if (names.size() != m_names.size())
+        return;
+    m_names = names;
+    m_model->headersChanged();
+    widenForHeaders(m_ui->tableCorrelations);
+}
+
+void CorrForm::on_pushButtonEditNames_clicked()
+{
+    editVariableNames(this, m_session);
+}
+
+void CorrForm::on_pushButtonSave_clicked()
+{
+    if (!m_correlations)
+        return;
+    const QString fileName =
+        QFileDialog::getSaveFileName(this, tr("Export correlation matrix"), m_session->outputStem(),
+                                     tr("Correlation Files (*.cor)"));
+    if (!fileName.isEmpty() && m_correlations) // the session may go while the dialog is open
+        writeTo(fileName);
+}
+
+void CorrForm::writeTo(const QString& fileName)
+{
+    std::ofstream file(QFileInfo(fileName).filesystemFilePath());
+    if (!file) {
+        QMessageBox::warning(this, tr("Error"), tr("Cannot open file for writing."));
+        return;
+    }
+    writeCorrelations(file, *m_correlations);
+    file.close();
+    if (!file) {
+        QMessageBox::warning(this, tr("Error while trying to save file"),
+                             tr("Cannot write to file!"));
+        return;
+    }
+    settings::setLastCorrelationExportLocation(fileName);
+}
