@@ -160,9 +160,14 @@ void DataForm::on_pushButtonSave_clicked()
 {
     if (!m_data)
         return;
+    // The session may go while the dialog is open.
+    const auto write = [this](std::ostream& out) {
+        if (m_data)
+            writeRawData(out, *m_data);
+    };
     runExport(this,
               {tr("Please select folder and filename to save values"), m_session->outputStem(),
                QStringLiteral("*.dat"), tr("Error while trying to save file"),
                tr("Cannot write to file!")},
-              [this](std::ostream& out) { writeRawData(out, *m_data); });
+              write);
 }

@@ -63,9 +63,9 @@ QVector<QString> DialogVarNames::names() const
 
 void DialogVarNames::accept()
 {
-    // A cell editor hands its text over when it loses the focus, which the button's shortcut alone
+    // A cell editor hands its text over when its cell is left, which the button's shortcut alone
     // does not bring about.
-    m_ui->buttonBox->setFocus();
+    m_ui->tableWidget->selectionModel()->clearCurrentIndex();
     QDialog::accept();
 }
 
