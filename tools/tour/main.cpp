@@ -11,7 +11,7 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
-/// Usage: pelmora_tour [output folder]
+/// Usage: pelmora_tour [output folder [folder of the samples]]
 int main(int argc, char* argv[])
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -30,7 +30,8 @@ int main(int argc, char* argv[])
         QTextStream(stderr) << "Cannot make the folder " << output.absolutePath() << Qt::endl;
         return 1;
     }
-    const bool succeeded = Tour(output, QDir(QStringLiteral(PELMORA_DATA_DIR))).run();
+    const QDir samples(application.arguments().value(2, QStringLiteral(PELMORA_DATA_DIR)));
+    const bool succeeded = Tour(output, samples).run();
     QTextStream(stdout) << "The exports and pictures are in " << output.absolutePath() << Qt::endl;
     return succeeded ? 0 : 1;
 }

@@ -78,8 +78,9 @@ void Tour::visitSession(const QString& prefix)
         else
             takePicture(name);
 
-        exportFrom(page, "pushButtonSave", name + QStringLiteral(".dat"));
-        exportFrom(page, "pushButtonExport", name + QStringLiteral(".cor"));
+        exportFrom(page, "pushButtonSave",
+                   name + (page->objectName() == u"DataForm" ? QStringLiteral(".dat")
+                                                             : QStringLiteral(".cor")));
         exportFrom(page, "pushButtonExportEigenwerte", name + QStringLiteral(".eig"));
         exportFrom(page, "pushButtonExportEigenvektoren", name + QStringLiteral(".vec"));
         exportFrom(page, "pushButton", name + QStringLiteral(".ini"));
@@ -111,10 +112,13 @@ void Tour::visitTabs(QTabWidget* tabs, const QString& prefix)
 
 void Tour::visitFactorPage(QWidget* page, const QString& prefix)
 {
-    visitTabs(page->findChild<QTabWidget*>(QStringLiteral("tabWidget")), prefix);
+    auto* tabs = page->findChild<QTabWidget*>(QStringLiteral("tabWidget"));
+    visitTabs(tabs, prefix);
     zoom(page, prefix);
     exportFrom(page, "ExportRotated", prefix + QStringLiteral("-loadings.txt"));
-    exportFrom(page, "pushButtonSaveScores", prefix + QStringLiteral("-scores.txt"));
+    // A session read from correlations has no scores; the tab with the button is taken out.
+    if (tabs->indexOf(page->findChild<QWidget*>(QStringLiteral("scores"))) >= 0)
+        exportFrom(page, "pushButtonSaveScores", prefix + QStringLiteral("-scores.txt"));
     exportFrom(page, "ImageButton", prefix + QStringLiteral("-image.png"));
 }
 
