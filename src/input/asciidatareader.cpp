@@ -6,6 +6,9 @@
 #include "input/asciidata.h"
 #include "input/numberlines.h"
 #include "input/readerreport.h"
+#include "input/variablenames.h"
+
+#include <utility>
 
 namespace {
 
@@ -43,15 +46,13 @@ bool AsciiDataReader::checkConsistency()
 bool AsciiDataReader::getData(AsciiData& data)
 {
     pelmora::NumberLines& lines = *numbers();
-    const bool fits = lineCount() <= data.rows() && columnCount() <= data.cols();
-    const bool complete = lines.isComplete() && fits;
-    const VariableNames names = variableNames();
     const bool sameSize = lineCount() == data.rows() && columnCount() == data.cols();
-    pelmora::Matrix matrix = sameSize ? lines.takeMatrix() : pelmora::Matrix();
+    const bool complete = sameSize && lines.isComplete();
+    data.setNames(variableNames());
+    pelmora::Matrix matrix = complete ? lines.takeMatrix() : pelmora::Matrix();
     if (matrix.isNull())
         lines.copyTo(data.matrix());
     else
         data.setMatrix(std::move(matrix));
-    data.setNames(names);
     return complete;
 }
