@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDir>
+#include <QStringList>
+#include <QTextBlock>
+#include <QTextDocument>
+
+class QPdfWriter;
+class QTextTable;
+
+/// The user guide as pages: Markdown with pictures, styled for paper, with a table of contents.
+class GuideDocument : public QTextDocument
+{
+public:
+    /// @param pictureFolder  the folder that the addresses of pictures in the Markdown are relative
+    /// to
+    GuideDocument(const QString& markdown, const QDir& pictureFolder, QPdfWriter& paper);
+
+    /// Addresses of pictures that could not be read.
+    QStringList missingPictures() const { return m_missingPictures; }
+
+    /// Draws every page with its number at the foot.
+    void print();
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+
+private:
+    /// The layout scales vertical margins by itself, but not the left ones.
+    qreal onPaper(qreal pixels) const;
+    void styleBlocks();
+    void styleCharacters();
+    void styleTables();
+    void sizePictures();
+    void insertContents();
+    void numberContents();
+    /// Moves headings that would stand alone at the foot of a page to the next one.
+    void keepHeadingsWithText();
+    QList<QTextBlock> headings() const;
+    int pageOf(const QTextBlock& block) const;
+
+    QDir m_pictureFolder;
+    QPdfWriter& m_paper;
+    QStringList m_missingPictures;
+    QTextTable* m_contents = nullptr;
+};
