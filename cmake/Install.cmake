@@ -1,0 +1,41 @@
+# SPDX-FileCopyrightText: 2026 The Pelmora Developers
+# SPDX-License-Identifier: MIT
+
+# What is installed, and where: the usual places, below the prefix.
+set(application_id example.pelmora.Pelmora)
+set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+set(pelmora_datadir ${CMAKE_INSTALL_DATADIR}/pelmora)
+
+install(TARGETS pelmora RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+install(FILES ${packaging}/${application_id}.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${packaging}/${application_id}.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(DIRECTORY ${packaging}/icons/
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
+install(FILES ${PROJECT_SOURCE_DIR}/resources/pelmora_icon.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+    RENAME ${application_id}.svg)
+
+# Not below share/doc: some systems leave that folder out, and the program opens the guide.
+install(FILES ${PROJECT_BINARY_DIR}/docs/pelmora-user-guide.pdf
+    DESTINATION ${pelmora_datadir})
+install(FILES
+        ${PROJECT_SOURCE_DIR}/data/box-problem.txt
+        ${PROJECT_SOURCE_DIR}/data/harman-24-psychological-tests.cor
+        ${PROJECT_SOURCE_DIR}/data/README.md
+    DESTINATION ${pelmora_datadir}/samples)
+
+# pelmora_compress(<file> <name>): build/packaging/<name>, without the time, so that it is the same every time.
+function(pelmora_compress file name)
+    set(compressed ${CMAKE_BINARY_DIR}/packaging/${name})
+    add_custom_command(OUTPUT ${compressed}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packaging
+        COMMAND gzip -9nc ${file} > ${compressed}
+        DEPENDS ${file} VERBATIM)
+    add_custom_target(compress_${name} ALL DEPENDS ${compressed})
+endfunction()
+
+pelmora_compress(${packaging}/pelmora.1 pelmora.1.gz)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
