@@ -13,8 +13,12 @@ need build
 preset=$(default_preset)
 build "$preset" pelmora_tour
 output=build/pictures
-rm -rf "$output"
-QT_QPA_PLATFORM=offscreen "build/$preset/tools/pelmora_tour" "$output" >"$output.log" || {
+# Tabs show the path of a file; the pictures are to show the same one wherever they are made.
+samples=/tmp/samples
+rm -rf "$output" "$samples"
+mkdir -p "$samples"
+cp data/*.txt data/*.cor "$samples"
+QT_QPA_PLATFORM=offscreen "build/$preset/tools/pelmora_tour" "$output" "$samples" >"$output.log" 2>&1 || {
     cat "$output.log"
     exit 1
 }
