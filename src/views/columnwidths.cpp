@@ -32,7 +32,14 @@ struct Candidates
     double minimum = std::numeric_limits<double>::infinity();
     double maximum = -std::numeric_limits<double>::infinity();
 
+    /// Few values of a long column lie outside of what was seen before.
     void look(double x, int row)
+    {
+        if (!(x >= minimum && x <= maximum))
+            widen(x, row);
+    }
+
+    void widen(double x, int row)
     {
         if (!std::isfinite(x)) {
             (std::isnan(x) ? notANumber : x > 0.0 ? infinite : minusInfinite) = row;
