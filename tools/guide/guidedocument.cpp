@@ -263,7 +263,9 @@ void GuideDocument::print()
         painter.save();
         painter.translate(0, -(number - 1) * page.height());
         QAbstractTextDocumentLayout::PaintContext context;
-        context.clip = page.translated(0, (number - 1) * page.height());
+        // A hair less than the page: a picture on top of the next one may begin on this one.
+        context.clip = page.translated(0, (number - 1) * page.height())
+                           .adjusted(0, 0, 0, -m_paper.resolution() / 50.0);
         context.palette.setColor(QPalette::Text, Qt::black);
         painter.setClipRect(context.clip);
         documentLayout()->draw(&painter, context);
