@@ -40,6 +40,13 @@ QImage painted(const zarnelDelegate& delegate, const QModelIndex& index)
     return image;
 }
 
+/// Colour at a point in pixels of the unscaled screen.
+QColor colourAt(const QImage& image, int x, int y)
+{
+    const qreal ratio = image.devicePixelRatio();
+    return image.pixelColor(qRound(x * ratio), qRound(y * ratio));
+}
+
 bool isBlank(const QImage& image)
 {
     for (int y = 0; y < image.height(); ++y)
@@ -169,10 +176,10 @@ private slots:
 
     void notANumberIsWrittenWithoutACircle()
     {
-        factorModel model(loadingsOf({{NAN, 1.0}}, {"a"}), 2, nullptr);
+        factorModel model(loadingsOf({{NAN}, {1.0}}, {"a", "b"}), 1, nullptr);
         const zarnelDelegate delegate;
         const QImage image = painted(delegate, model.index(1, 1));
-        QVERIFY(isBlank(image.copy(0, 0, 10, 200)));
+        QVERIFY(isBlank(image.copy(0, 0, 50, 200)));
         QVERIFY(!isBlank(image));
     }
 
@@ -205,14 +212,15 @@ private slots:
         QCOMPARE(image.dotsPerMeterX(), qRound(3780 * image.devicePixelRatio()));
         // Cell (2, 2) is as high as the largest circle, its margins and the grid; its width has the
         // text beside the circle and may have the header's.
-        const int bottom = image.height() - 1 - 1 - 4;
-        int left = image.width() - 2;
-        while (left > 0 && image.pixelColor(left, bottom - size / 2) != positive)
-            --left;
-        const int middle = left - size / 2;
-        QCOMPARE(image.pixelColor(middle, bottom - 3), positive);
-        QCOMPARE(image.pixelColor(middle, bottom - size + 4), positive);
-        QCOMPARE(image.pixelColor(middle, bottom + 3), QColor(Qt::white));
+        const QSize all = image.deviceIndependentSize().toSize();
+        const int bottom = all.height() - 1 - 1 - 4;
+        int right = all.width() - 2;
+        while (right > 0 && colourAt(image, right, bottom - size / 2) != positive)
+            --right;
+        const int middle = right - size / 2;
+        QCOMPARE(colourAt(image, middle, bottom - 3), positive);
+        QCOMPARE(colourAt(image, middle, bottom - size + 4), positive);
+        QCOMPARE(colourAt(image, middle, bottom + 3), QColor(Qt::white));
     }
 
     void veryTallPicturesAreComplete()
@@ -225,10 +233,10 @@ private slots:
         model.setDiagramSize(125);
         const QImage image = diagramImage(&model);
         const int rowHeight = 2 * 4 + 125 + 1;
-        const int column = image.width() - 100;
+        const QSize all = image.deviceIndependentSize().toSize();
         for (int i : {0, 60, 61, 244, 399}) {
-            const int middle = image.height() - (variables - i) * rowHeight + rowHeight / 2;
-            QCOMPARE(image.pixelColor(column, middle), i % 2 ? positive : negative);
+            const int middle = all.height() - (variables - i) * rowHeight + rowHeight / 2;
+            QCOMPARE(colourAt(image, all.width() - 100, middle), i % 2 ? positive : negative);
         }
     }
 };
