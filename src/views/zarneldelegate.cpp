@@ -42,7 +42,11 @@ void paintCircle(QPainter* painter, const QRect& circle, double value)
 {
     painter->setPen(outlinePen());
     painter->setBrush(value < 0.0 ? negativeColour : positiveColour);
-    painter->drawEllipse(circle);
+    // The toolkit draws no outline around nothing, but a loading of 0 is a dot.
+    if (circle.isEmpty())
+        painter->drawPoint(circle.topLeft());
+    else
+        painter->drawEllipse(circle);
 }
 
 } // namespace

@@ -174,6 +174,14 @@ private slots:
         QCOMPARE(painted(delegate, model.index(1, 2)).pixelColor(54, 54), negative);
     }
 
+    void zeroIsADot()
+    {
+        factorModel model(loadingsOf({{0.0}, {1.0}}, {"a", "b"}), 1, nullptr);
+        const QImage image = painted(zarnelDelegate(), model.index(1, 1));
+        QVERIFY(!isBlank(image.copy(27, 2, 4, 4)));
+        QVERIFY(isBlank(image.copy(0, 8, 50, 192)));
+    }
+
     void notANumberIsWrittenWithoutACircle()
     {
         factorModel model(loadingsOf({{NAN}, {1.0}}, {"a", "b"}), 1, nullptr);
