@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/owners.h"
+#include "plainrotation.h"
+
+namespace pelmora {
+
+/// What became of one rotation, by rotate() and without its help.
+struct RotationTrial
+{
+    PlainRotation plain;
+    double seconds;         ///< of rotate() alone
+    bool madeNan = false;   ///< of finite loadings
+    bool untouched = false; ///< loadings and companion are the same to the bit both ways
+    /// How much worse rotate() ended than the better of the last two states without help, as a
+    /// part of the mean square of the communalities. Negative: better than both.
+    double shortfall = 0.0;
+    double farthestPair = 0.0; ///< radians from any pair to its nearest stationary angle
+};
+
+/// Rotates the first @p m factors of @p allLoadings both ways.
+RotationTrial tryRotation(const Matrix& allLoadings, int m, int method);
+
+} // namespace pelmora
