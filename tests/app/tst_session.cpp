@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+#include "app/errorbox.h"
 #include "app/pelmorasession.h"
 #include "app/sessiontabwidget.h"
 #include "input/asciidatareader.h"
@@ -91,6 +92,7 @@ class TestSession : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { installErrorBox(); }
     void init();
     void anEmptySessionHasNoMatrix();
     void pagesNeedATabWidget();
