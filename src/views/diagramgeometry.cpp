@@ -44,9 +44,11 @@ QRect DiagramGeometry::circle(double value, double rowMaximum, double columnMaxi
 
 QPoint DiagramGeometry::textOrigin(double rowMaximum, double columnMaximum, QPoint corner) const
 {
+    const int halfHeight = textHeight / 2;
+    const int halfWidth = textWidth / 2;
     return {truncated(diameter(columnMaximum) + textGap + (corner.x() + edgeX) + textCircleOffset +
-                      textHeight / 2),
-            truncated(0.5 * diameter(rowMaximum) + (corner.y() + edgeY) + textWidth / 2)};
+                      halfHeight),
+            truncated(0.5 * diameter(rowMaximum) + (corner.y() + edgeY) + halfWidth)};
 }
 
 QSize DiagramGeometry::cellSize(double rowMaximum, double columnMaximum) const

@@ -11,10 +11,6 @@
 #include <QPixmap>
 #include <QTableView>
 
-#include <algorithm>
-#include <cmath>
-#include <cstring>
-
 namespace {
 
 /// Black on white: the circles' greys and the black texts are made for it, whatever the desktop.
@@ -24,36 +20,6 @@ QPalette lightPalette()
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);
     return palette;
-}
-
-/// Copies @p band into @p image from line @p top on; both have the same width and format.
-void copyLines(QImage& image, int top, const QImage& band)
-{
-    const int lines = std::min(band.height(), image.height() - top);
-    for (int line = 0; line < lines; ++line)
-        std::memcpy(image.scanLine(top + line), band.constScanLine(line),
-                    static_cast<std::size_t>(band.bytesPerLine()));
-}
-
-/// A picture of @p view put together from bands, since painting ends at line 32767 of a picture.
-QImage grabInBands(QTableView& view)
-{
-    constexpr int bandHeight = 8192;
-    QImage image;
-    for (int top = 0; top < view.height(); top += bandHeight) {
-        const QRect part(0, top, view.width(), std::min(bandHeight, view.height() - top));
-        const QPixmap pixmap = view.grab(part);
-        const qreal ratio = pixmap.devicePixelRatio();
-        const QImage band = pixmap.toImage().convertToFormat(QImage::Format_RGB32);
-        if (image.isNull()) {
-            image = QImage(band.width(), qRound(view.height() * ratio), QImage::Format_RGB32);
-            image.setDevicePixelRatio(ratio);
-        }
-        if (band.isNull() || image.isNull())
-            return QImage();
-        copyLines(image, qRound(top * ratio), band);
-    }
-    return image;
 }
 
 } // namespace
@@ -97,8 +63,8 @@ QImage diagramImage(factorModel* model)
     view.setFixedSize(view.verticalHeader()->width() + view.horizontalHeader()->length(),
                       view.horizontalHeader()->height() + view.verticalHeader()->length());
     // The first picture only forces layout and painting.
-    grabInBands(view);
-    QImage image = grabInBands(view);
+    view.grab();
+    QImage image = view.grab().toImage();
     // 96 dots per inch of the screen's unscaled pixels, so that it prints at one size everywhere.
     const int dotsPerMeter = qRound(3780 * image.devicePixelRatio());
     image.setDotsPerMeterX(dotsPerMeter);
