@@ -7,8 +7,8 @@
 
 class QAbstractItemView;
 
-/// Gives a table a context menu entry "Copy" and Ctrl+Insert: the selection, or the whole table when
-/// nothing is selected, goes to the clipboard as tab-separated text with both headers.
+/// Gives a table a context menu entry "Copy" and Ctrl+Insert: the selection, or the whole table
+/// when nothing is selected, goes to the clipboard as tab-separated text with both headers.
 void installTableCopy(QAbstractItemView* view);
 
 /// The text that is copied.
