@@ -27,21 +27,24 @@ CorrForm::CorrForm(SessionFace* session, QWidget* tabWidget)
     const auto name = [this](int variable) { return m_names.value(variable); };
     m_model->setHeaders(name, name);
     m_ui->tableCorrelations->setModel(m_model);
-    limitNameHeaders(m_ui->tableCorrelations);
+    installNameHeaders(m_ui->tableCorrelations);
     installTableCopy(m_ui->tableCorrelations);
     connect(session, &SessionFace::variableNamesChanged, this, &CorrForm::on_variableNamesChanged);
     connect(session, &QObject::destroyed, this, &CorrForm::releaseSessionData);
 }
 
-CorrForm::~CorrForm() = default;
+CorrForm::~CorrForm()
+{
+    // The headers may be asked for names until the last widget is gone.
+    m_model->clear();
+}
 
 void CorrForm::fill(const CorrelationData& correlations)
 {
     m_correlations = &correlations;
     const auto& values = correlations.matrix();
-    m_names = correlations.names().first(correlations.rows()).texts();
     m_model->fill(values.rowPointers(), values.rows(), values.columns());
-    fitColumnWidths(m_ui->tableCorrelations, *m_model);
+    showNames(correlations.names().first(correlations.rows()).texts());
 }
 
 void CorrForm::releaseSessionData()
@@ -53,11 +56,15 @@ void CorrForm::releaseSessionData()
 
 void CorrForm::on_variableNamesChanged(QVector<QString> const& names)
 {
-    if (names.size() != m_names.size())
-        return;
+    if (names.size() == m_names.size())
+        showNames(names);
+}
+
+void CorrForm::showNames(const QVector<QString>& names)
+{
     m_names = names;
     m_model->headersChanged();
-    widenForHeaders(m_ui->tableCorrelations);
+    fitToNames(m_ui->tableCorrelations, *m_model);
 }
 
 void CorrForm::on_pushButtonEditNames_clicked()

@@ -38,6 +38,7 @@ private slots:
     void on_pushButtonSave_clicked();
 
 private:
+    void showNames(const QVector<QString>& names);
     void releaseSessionData();
     void writeTo(const QString& fileName);
 

@@ -42,14 +42,19 @@ DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
     m_ui->tableData->setModel(m_model);
     m_ui->tableStatistics->setModel(m_statistics);
     for (auto* table : {m_ui->tableData, m_ui->tableStatistics}) {
-        limitNameHeaders(table);
+        installNameHeaders(table);
         installTableCopy(table);
     }
     connect(session, &SessionFace::variableNamesChanged, this, &DataForm::on_variableNamesChanged);
     connect(session, &QObject::destroyed, this, &DataForm::releaseSessionData);
 }
 
-DataForm::~DataForm() = default;
+DataForm::~DataForm()
+{
+    // The headers may be asked for names until the last widget is gone.
+    m_model->clear();
+    m_statistics->clear();
+}
 
 void DataForm::fill(const AsciiData& rawData)
 {
@@ -57,8 +62,6 @@ void DataForm::fill(const AsciiData& rawData)
     const auto& values = rawData.matrix();
     m_model->fill(values.rowPointers(), values.rows(), values.columns());
     showVariables();
-    fitColumnWidths(m_ui->tableData, *m_model);
-    showWholeRows();
 }
 
 void DataForm::showVariables()
@@ -76,16 +79,18 @@ void DataForm::showVariables()
             m_constant.append(static_cast<int>(i));
     // Not the session's names: it may know of no variable before the correlations are formed.
     showNames(m_data->names().first(statistics.size()).texts());
-    fitColumnWidths(m_ui->tableStatistics, *m_statistics);
 }
 
 void DataForm::showWholeRows()
 {
     const auto* table = m_ui->tableStatistics;
-    const int needed = table->verticalHeader()->sizeHint().width() +
+    const auto* names = table->verticalHeader();
+    const int needed = std::min(names->sizeHint().width(), names->maximumWidth()) +
                        table->horizontalHeader()->length() + 2 * table->frameWidth() +
                        table->verticalScrollBar()->sizeHint().width();
-    m_ui->splitter->setSizes({1, needed});
+    // What is left is for the data.
+    const int room = std::max(m_ui->splitter->width(), 2 * needed);
+    m_ui->splitter->setSizes({room - needed, needed});
 }
 
 void DataForm::showNames(const QVector<QString>& names)
@@ -93,8 +98,9 @@ void DataForm::showNames(const QVector<QString>& names)
     m_names = names;
     m_model->headersChanged();
     m_statistics->headersChanged();
-    widenForHeaders(m_ui->tableData);
-    widenForHeaders(m_ui->tableStatistics);
+    fitToNames(m_ui->tableData, *m_model);
+    fitToNames(m_ui->tableStatistics, *m_statistics);
+    showWholeRows();
     showNoCorrelations();
 }
 

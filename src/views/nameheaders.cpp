@@ -3,25 +3,74 @@
 
 #include "views/nameheaders.h"
 
-#include <QHeaderView>
+#include "views/numbertable.h"
+
+#include <QHelpEvent>
+#include <QStyleOptionHeader>
 #include <QTableView>
+#include <QToolTip>
 
-#include <algorithm>
+namespace {
 
-void limitNameHeaders(QTableView* view)
+constexpr int widestLabel = 40; // average characters
+
+} // namespace
+
+NameHeader::NameHeader(Qt::Orientation orientation, QWidget* parent)
+    : QHeaderView(orientation, parent)
 {
-    const int widest = view->fontMetrics().averageCharWidth() * 40;
-    view->horizontalHeader()->setMaximumSectionSize(widest);
-    view->verticalHeader()->setMaximumWidth(widest);
-    view->horizontalHeader()->setTextElideMode(Qt::ElideRight);
-    view->verticalHeader()->setTextElideMode(Qt::ElideRight);
+    setSectionsClickable(true);
+    setHighlightSections(true);
 }
 
-void widenForHeaders(QTableView* view)
+void NameHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
 {
-    auto* header = view->horizontalHeader();
-    for (int column = 0; column < header->count(); ++column)
-        if (const int needed = header->sectionSizeHint(column);
-            needed > header->sectionSize(column))
-            header->resizeSection(column, std::min(needed, header->maximumSectionSize()));
+    QHeaderView::initStyleOptionForIndex(option, section);
+    option->text = shownLabel(section);
+}
+
+bool NameHeader::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QHeaderView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int section = logicalIndexAt(help->pos());
+    const bool cut = section >= 0 && shownLabel(section) != label(section);
+    // Escaped, since a tool tip would take a name in angle brackets for markup.
+    QToolTip::showText(help->globalPos(), cut ? label(section).toHtmlEscaped() : QString(), this);
+    return true;
+}
+
+QString NameHeader::label(int section) const
+{
+    return model() ? model()->headerData(section, orientation()).toString() : QString();
+}
+
+QString NameHeader::shownLabel(int section) const
+{
+    const QString text = label(section);
+    if (text.contains(u'\n')) // one of ours, not a name
+        return text;
+    const int margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+    const int width = orientation() == Qt::Horizontal ? sectionSize(section) : viewport()->width();
+    return fontMetrics().elidedText(text, Qt::ElideRight, width - margin);
+}
+
+void installNameHeaders(QTableView* view)
+{
+    const int widest = widestLabel * view->fontMetrics().averageCharWidth();
+    view->setHorizontalHeader(new NameHeader(Qt::Horizontal, view));
+    view->setVerticalHeader(new NameHeader(Qt::Vertical, view));
+    view->horizontalHeader()->setMaximumSectionSize(widest);
+    view->verticalHeader()->setMaximumWidth(widest);
+}
+
+void fitToNames(QTableView* view, const NumberTableModel& model)
+{
+    // A header that is drawn looks at all columns whenever one of them gets its width.
+    view->setUpdatesEnabled(false);
+    fitColumnWidths(view, model);
+    view->setUpdatesEnabled(true);
+    // A wider vertical header may call for a scroll bar.
+    view->doItemsLayout();
 }

@@ -3,11 +3,31 @@
 
 #pragma once
 
+#include <QHeaderView>
+
+class NumberTableModel;
 class QTableView;
 
-/// Keeps very long names in the headers of a table from taking the place of its numbers: they are
-/// cut at the right.
-void limitNameHeaders(QTableView* view);
+/// The header of a table whose labels are names of variables, which can be very long: a label that
+/// does not fit ends with dots and is shown whole in its tool tip.
+class NameHeader : public QHeaderView
+{
+    Q_OBJECT
 
-/// Widens the columns whose header has become longer; no column becomes narrower.
-void widenForHeaders(QTableView* view);
+public:
+    NameHeader(Qt::Orientation orientation, QWidget* parent);
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    QString label(int section) const;
+    QString shownLabel(int section) const;
+};
+
+/// Gives @p view such headers, and bounds their widths so that long names leave the numbers room.
+void installNameHeaders(QTableView* view);
+
+/// Gives the columns of @p view their widths anew after names have changed.
+void fitToNames(QTableView* view, const NumberTableModel& model);

@@ -31,6 +31,7 @@ private slots:
     void failedExportsAreTold();
     void aCancelledExportStoresNothing();
     void theSessionMayGoFirst();
+    void aShownPageMayGo();
 
 private:
     QAbstractItemModel* model() const { return m_form->findChild<QTableView*>()->model(); }
@@ -140,6 +141,13 @@ void TestCorrForm::theSessionMayGoFirst()
     m_session.reset();
     m_form->grab();
     QCOMPARE(model()->rowCount(), 0);
+}
+
+void TestCorrForm::aShownPageMayGo()
+{
+    m_form->show();
+    m_form->grab();
+    m_form.reset();
 }
 
 QTEST_MAIN(TestCorrForm)

@@ -84,6 +84,7 @@ private slots:
     void failedSavesAreTold_data();
     void failedSavesAreTold();
     void theSessionMayGoFirst();
+    void aShownPageMayGo();
 
 private:
     template <class Widget>
@@ -307,6 +308,13 @@ void TestDataForm::theSessionMayGoFirst()
     QCOMPARE(table()->model()->rowCount(), 0);
     QCOMPARE(statistics()->model()->rowCount(), 0);
     QVERIFY(!child<QPushButton>("pushButtonSave")->isEnabled());
+}
+
+void TestDataForm::aShownPageMayGo()
+{
+    m_form->show();
+    m_form->grab();
+    m_form.reset();
 }
 
 QTEST_MAIN(TestDataForm)
