@@ -4,8 +4,8 @@
 #include "minimalpairs/minimalpairentryform.h"
 
 #include "settings/numbertext.h"
-#include "settings/settings.h"
 #include "ui_minimalpairentryform.h"
+#include "views/nameheaders.h"
 #include "views/tablecopy.h"
 
 #include <array>
@@ -15,7 +15,7 @@ namespace {
 
 enum Column { FirstVariable, SecondVariable, Difference, ColumnCount };
 
-constexpr int widestName = 240; // pixels; a longer name is cut on screen and whole in the tool tip
+constexpr int widestName = 240; // pixels that a name takes in the label at most
 
 void setNumber(QTableWidget* table, int row, int column, double value, unsigned decimals)
 {
@@ -26,21 +26,20 @@ void setNumber(QTableWidget* table, int row, int column, double value, unsigned 
 
 } // namespace
 
-MinimalPairEntryForm::MinimalPairEntryForm(const MinimalPair& pair, int rank, int focalFactor,
-                                           const std::vector<int>& nonFocal, QWidget* parent)
+MinimalPairEntryForm::MinimalPairEntryForm(const MinimalPair& pair, int rank,
+                                           const FocalFactor& focal, QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::MinimalPairEntryForm>())
     , m_pair(pair)
     , m_rank(rank)
 {
     m_ui->setupUi(this);
-    m_ui->tableWidget->horizontalHeader()->setMaximumSectionSize(widestName);
-    m_ui->tableWidget->horizontalHeader()->setTextElideMode(Qt::ElideRight);
-    fillTable(focalFactor, nonFocal);
+    installNameHeaders(m_ui->tableWidget);
+    installTableCopy(m_ui->tableWidget);
+    fillTable(focal);
     showNames();
     m_ui->labelDifference->setText(
-        tr("difference: %1").arg(numbertext::fixed(m_pair.difference, settings::precision())));
-    installTableCopy(m_ui->tableWidget);
+        tr("difference: %1").arg(numbertext::fixed(m_pair.difference, focal.decimals)));
 }
 
 MinimalPairEntryForm::~MinimalPairEntryForm() = default;
@@ -52,24 +51,23 @@ void MinimalPairEntryForm::setVariableNames(const QVector<QString>& names)
     showNames();
 }
 
-void MinimalPairEntryForm::fillTable(int focalFactor, const std::vector<int>& nonFocal)
+void MinimalPairEntryForm::fillTable(const FocalFactor& focal)
 {
     auto* table = m_ui->tableWidget;
-    const unsigned decimals = settings::precision();
-    const int averageRow = static_cast<int>(nonFocal.size()) + 1;
+    const int averageRow = static_cast<int>(focal.nonFocal.size()) + 1;
     table->setColumnCount(ColumnCount);
     table->setRowCount(averageRow + 1);
-    fillRow(0, tr("Focal factor F%1").arg(focalFactor + 1), focalFactor, decimals);
+    fillRow(0, tr("Focal factor F%1").arg(focal.factor + 1), focal.factor, focal.decimals);
     int row = 0;
-    for (const int factor : nonFocal)
-        fillRow(++row, tr("Non focal\nfactor F%1").arg(factor + 1), factor, decimals);
+    for (const int factor : focal.nonFocal)
+        fillRow(++row, tr("Non focal\nfactor F%1").arg(factor + 1), factor, focal.decimals);
     const auto& [first, second] = m_pair.variables;
     table->setVerticalHeaderItem(averageRow,
                                  new QTableWidgetItem(tr("avg.|differ| :\n(non focal)")));
     setNumber(table, averageRow, Difference,
               averageNonFocalDifference(first.loadings.data(), second.loadings.data(),
-                                        static_cast<int>(first.loadings.size()), focalFactor),
-              decimals);
+                                        static_cast<int>(first.loadings.size()), focal.factor),
+              focal.decimals);
     table->resizeRowsToContents();
 }
 
@@ -95,8 +93,6 @@ void MinimalPairEntryForm::showNames()
         tr("%1 minimal pair\nvar. %2\nvar. %3")
             .arg(ranks[static_cast<std::size_t>(m_rank)], cut(first.name), cut(second.name)));
     m_ui->tableWidget->setHorizontalHeaderLabels({first.name, second.name, tr("| difference |")});
-    m_ui->tableWidget->horizontalHeaderItem(FirstVariable)->setToolTip(first.name);
-    m_ui->tableWidget->horizontalHeaderItem(SecondVariable)->setToolTip(second.name);
     m_ui->tableWidget->resizeColumnsToContents();
     m_ui->tableWidget->updateGeometry();
 }

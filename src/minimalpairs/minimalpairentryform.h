@@ -14,6 +14,14 @@ namespace Ui {
 class MinimalPairEntryForm;
 }
 
+/// What all pairs of one focal factor share.
+struct FocalFactor
+{
+    int factor = 0;            ///< 0-based, as all others here
+    std::vector<int> nonFocal; ///< all other factors
+    unsigned decimals = 2;     ///< that their numbers are shown with
+};
+
 /// One minimal pair: its variables, their loadings on all factors and what they differ by.
 class MinimalPairEntryForm : public QWidget
 {
@@ -23,18 +31,16 @@ public:
     /// Pairs that are shown per focal factor: "First", "Second", "Third".
     static constexpr int rankCount = 3;
 
-    /// @param rank         0-based, below rankCount
-    /// @param focalFactor  0-based
-    /// @param nonFocal     all other factors, 0-based
-    MinimalPairEntryForm(const MinimalPair& pair, int rank, int focalFactor,
-                         const std::vector<int>& nonFocal, QWidget* parent);
+    /// @param rank  0-based, below rankCount
+    MinimalPairEntryForm(const MinimalPair& pair, int rank, const FocalFactor& focal,
+                         QWidget* parent);
     ~MinimalPairEntryForm() override;
 
     /// Takes the pair's names from those of all variables.
     void setVariableNames(const QVector<QString>& names);
 
 private:
-    void fillTable(int focalFactor, const std::vector<int>& nonFocal);
+    void fillTable(const FocalFactor& focal);
     void fillRow(int row, const QString& header, int factor, unsigned decimals);
     void showNames();
 

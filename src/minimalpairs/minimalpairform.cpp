@@ -3,8 +3,7 @@
 
 #include "minimalpairs/minimalpairform.h"
 
-#include "minimalpairs/minimalpairentryform.h"
-#include "minimalpairs/minimalpairfinder.h"
+#include "settings/settings.h"
 #include "ui_minimalpairform.h"
 
 #include <algorithm>
@@ -12,17 +11,13 @@
 MinimalPairForm::MinimalPairForm(const MinimalPairFinder& finder, int focalFactor, QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::MinimalPairForm>())
+    , m_focal{focalFactor, finder.nonFocalFactors(focalFactor), settings::precision()}
     , m_variableCount(finder.variableCount())
 {
     m_ui->setupUi(this);
-    const auto nonFocal = finder.nonFocalFactors(focalFactor);
     const int shown = std::min(finder.pairCount(), MinimalPairEntryForm::rankCount);
-    for (int rank = 0; rank < shown; ++rank) {
-        auto* entry = new MinimalPairEntryForm(finder.pair(focalFactor, rank), rank, focalFactor,
-                                               nonFocal, m_ui->scrollAreaWidgetContents);
-        m_ui->entriesLayout->insertWidget(rank, entry);
-        m_entries.append(entry);
-    }
+    for (int rank = 0; rank < shown; ++rank)
+        m_pairs.push_back(finder.pair(focalFactor, rank));
 }
 
 MinimalPairForm::~MinimalPairForm() = default;
@@ -31,6 +26,26 @@ void MinimalPairForm::on_variableNamesChanged(QVector<QString> const& names)
 {
     if (names.size() != m_variableCount)
         return;
+    for (auto& pair : m_pairs)
+        for (auto& variable : pair.variables)
+            variable.name = names[variable.index];
     for (auto* entry : m_entries)
         entry->setVariableNames(names);
+}
+
+void MinimalPairForm::showEvent(QShowEvent* event)
+{
+    if (m_entries.empty())
+        makeEntries();
+    QWidget::showEvent(event);
+}
+
+void MinimalPairForm::makeEntries()
+{
+    for (const auto& pair : m_pairs) {
+        const int rank = static_cast<int>(m_entries.size());
+        auto* entry = new MinimalPairEntryForm(pair, rank, m_focal, m_ui->scrollAreaWidgetContents);
+        m_ui->entriesLayout->insertWidget(rank, entry);
+        m_entries.push_back(entry);
+    }
 }

@@ -3,19 +3,19 @@
 
 #pragma once
 
+#include "minimalpairs/minimalpairentryform.h"
+
 #include <QVector>
 #include <QWidget>
 
 #include <memory>
 
-class MinimalPairEntryForm;
-class MinimalPairFinder;
-
 namespace Ui {
 class MinimalPairForm;
 }
 
-/// The minimal pairs of one focal factor, one entry under the other.
+/// The minimal pairs of one focal factor, one entry under the other. There can be hundreds of such
+/// pages, most of which nobody looks at: the entries are made when the page is first shown.
 class MinimalPairForm : public QWidget
 {
     Q_OBJECT
@@ -29,8 +29,15 @@ public slots:
     /// Shows the session's new names; lists of another length are ignored.
     void on_variableNamesChanged(QVector<QString> const& names);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void makeEntries();
+
     std::unique_ptr<Ui::MinimalPairForm> m_ui;
-    QVector<MinimalPairEntryForm*> m_entries;
+    FocalFactor m_focal;
     int m_variableCount;
+    std::vector<MinimalPair> m_pairs;
+    std::vector<MinimalPairEntryForm*> m_entries;
 };
