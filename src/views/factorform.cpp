@@ -13,18 +13,30 @@
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
 
+#include <QBuffer>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QMessageBox>
 
 #include <cstdlib>
+#include <new>
+#include <ostream>
 
 namespace {
 
 /// A name may be very long; the header must leave room for the circles.
 constexpr int widestNameInCharacters = 40;
+
+void writePng(std::ostream& out, const QImage& image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG"))
+        throw std::bad_alloc();
+    out.write(bytes.constData(), bytes.size());
+}
 
 QImage pictureOf(factorModel* model)
 {
@@ -167,10 +179,12 @@ void FactorForm::on_ImageButton_clicked()
     QGuiApplication::clipboard()->setImage(image, QClipboard::Clipboard);
 
     const QString png = QStringLiteral("png");
-    const QString fileName = QFileDialog::getSaveFileName(
-        this, tr("Save As"),
-        proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) + png,
-        tr("%1 Files (*.%2);;All Files (*)").arg(QStringLiteral("PNG"), png));
-    if (!fileName.isEmpty() && !image.save(fileName, "PNG"))
-        showCannotOpenFile(this, fileName);
+    FileExport fileExport;
+    fileExport.caption = tr("Save As");
+    fileExport.proposedFile =
+        proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) + png;
+    fileExport.filter = tr("%1 Files (*.%2);;All Files (*)").arg(QStringLiteral("PNG"), png);
+    fileExport.failureTitle = tr("Error while saving data");
+    fileExport.isBinary = true;
+    runExport(this, fileExport, [&image](std::ostream& out) { writePng(out, image); });
 }

@@ -49,17 +49,14 @@ void runExport(QWidget* parent, const FileExport& fileExport,
         return;
 
     // A narrow file name would be taken for the local code page on some systems.
-    std::ofstream file(QFileInfo(fileName).filesystemFilePath());
+    const auto mode = fileExport.isBinary ? std::ios_base::binary : std::ios_base::openmode();
+    std::ofstream file(QFileInfo(fileName).filesystemFilePath(), mode);
     if (!file) {
-        showCannotOpenFile(parent, fileName);
+        QMessageBox::warning(parent, tr("Error opening file"),
+                             tr("Cannot open file %1").arg(fileName));
         return;
     }
     const QString failure = writeAndClose(file, fileExport.badStreamText, write);
     if (!failure.isNull())
         QMessageBox::warning(parent, fileExport.failureTitle, failure);
-}
-
-void showCannotOpenFile(QWidget* parent, const QString& fileName)
-{
-    QMessageBox::warning(parent, tr("Error opening file"), tr("Cannot open file %1").arg(fileName));
 }

@@ -1,0 +1,265 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "app/errorbox.h"
+#include "app/mainwindow.h"
+#include "app/pelmorasession.h"
+#include "app/sessiontabwidget.h"
+#include "support/dialogscript.h"
+#include "support/samplefile.h"
+#include "support/testsettings.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include <clocale>
+
+namespace {
+
+const QByteArray fourCases = "1 2 4\n2 1 5\n3 5 1\n4 3 3\n";
+
+} // namespace
+
+/// What the world may do to a running program: files that go away, settings that make no sense,
+/// sessions that end at an awkward moment.
+class TestFaults : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { installErrorBox(); }
+    void init();
+    void strangeInputFiles_data();
+    void strangeInputFiles();
+    void aFileThatVanishesAfterTheDialog();
+    void everyExportSurvivesABadPlace_data();
+    void everyExportSurvivesABadPlace();
+    void anExportMayReplaceItsOwnInput();
+    void aSessionMayEndUnderItsOwnDialog();
+    void everyDialogMayBeEscaped();
+    void nonsenseInEverySetting();
+    void aCommaLocaleChangesNoNumber();
+
+private:
+    void read(const char* action, const QString& path)
+    {
+        m_dialogs.chooseFile(path);
+        m_window->findChild<QAction*>(QLatin1String(action))->trigger();
+    }
+    QTabWidget* sessions() const
+    {
+        return m_window->findChild<QTabWidget*>(QStringLiteral("mainTabWidget"));
+    }
+    /// Reads four cases and asks for all kinds of factor page.
+    void openSession(const QString& path)
+    {
+        read("actionDataASCII", path);
+        auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
+        for (auto* box : pages->currentWidget()->findChildren<QCheckBox*>())
+            box->setChecked(true);
+        pages->currentWidget()->findChild<QPushButton*>("processButton")->click();
+        QCOMPARE(pages->count(), 6);
+    }
+    QList<QPushButton*> exportButtons() const
+    {
+        QList<QPushButton*> result;
+        for (auto* button : sessions()->findChildren<QPushButton*>()) {
+            if (button->text() == QLatin1String("Save") || button->text() == QLatin1String("Image"))
+                result << button;
+        }
+        return result;
+    }
+
+    DialogScript m_dialogs;
+    TestSettings m_settings;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+void TestFaults::init()
+{
+    m_settings.clear();
+    m_settings.set(QStringLiteral("OpenFolderAfterClosing"), false);
+    m_window = std::make_unique<MainWindow>(nullptr);
+    m_dialogs.takeRecord();
+}
+
+void TestFaults::strangeInputFiles_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("status"); // empty: refused with a box
+    const QString twoByTwo = QStringLiteral("Read data matrix, 2 rows and 2 cols");
+    QTest::newRow("carriage returns only") << QByteArray("1 2\r3 5\r") << twoByTwo;
+    QTest::newRow("NUL after the numbers") << QByteArray("1 2\0 x\n3 5\n", 11) << twoByTwo;
+    QTest::newRow("byte-order mark") << QByteArray("\xef\xbb\xbf\n1 2\n3 5\n") << twoByTwo;
+    QTest::newRow("one case") << QByteArray("1 2 3\n")
+                              << QStringLiteral("Read data matrix, 1 rows and 3 cols");
+    QTest::newRow("one number") << QByteArray("7")
+                                << QStringLiteral("Read data matrix, 1 rows and 1 cols");
+    QTest::newRow("only comments") << QByteArray("a, b\n1,2\n") << QString();
+    QTest::newRow("only blanks") << QByteArray("  \n \t \n") << QString();
+    QTest::newRow("a long line against short ones")
+        << QByteArray("1 ").repeated(4 << 20) + "\n1 2\n"
+        << QString();
+    QByteArray junk;
+    for (int i = 0; i < 100000; ++i)
+        junk += static_cast<char>(i * i * 31 + i / 7);
+    QTest::newRow("junk") << junk << QString();
+}
+
+void TestFaults::strangeInputFiles()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, status);
+    const SampleFile file("strange.txt", bytes);
+    read("actionDataASCII", file.path());
+    QCOMPARE(m_window->statusBar()->currentMessage(), status);
+    QCOMPARE(sessions()->count(), status.isEmpty() ? 0 : 1);
+    if (status.isEmpty())
+        QCOMPARE(m_dialogs.takeRecord().size(), 2);
+}
+
+void TestFaults::aFileThatVanishesAfterTheDialog()
+{
+    const SampleFile file("gone.txt", fourCases);
+    m_dialogs.onDialog([&](QDialog* dialog) {
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file.path());
+        connect(dialog, &QDialog::finished, this, [&] { QFile::remove(file.path()); });
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    m_window->findChild<QAction*>("actionDataASCII")->trigger();
+    QCOMPARE(m_dialogs.takeRecord().size(), 1);
+    QCOMPARE(sessions()->count(), 0);
+}
+
+void TestFaults::everyExportSurvivesABadPlace_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::newRow("full disk") << "/dev/full";
+    QTest::newRow("a folder that is gone") << "/nowhere/at/all.txt";
+    QTest::newRow("a folder instead of a file") << "/proc/self/fd";
+}
+
+void TestFaults::everyExportSurvivesABadPlace()
+{
+    QFETCH(QString, place);
+    const SampleFile file("data.txt", fourCases);
+    openSession(file.path());
+    m_dialogs.takeRecord();
+    const auto buttons = exportButtons();
+    QVERIFY(buttons.size() >= 14);
+    for (auto* button : buttons) {
+        // Not typed into the dialog, which would enter a folder instead of taking it.
+        m_dialogs.onDialog([&](QDialog* dialog) {
+            emit qobject_cast<QFileDialog*>(dialog)->fileSelected(place);
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(place);
+            dialog->done(QDialog::Accepted);
+        });
+        button->click();
+        const QStringList shown = m_dialogs.takeRecord();
+        QVERIFY2(shown.size() == 2, qPrintable(button->objectName() + u' ' + shown.join(u'\n')));
+        QVERIFY2(shown.last().startsWith("Error"), qPrintable(shown.last()));
+    }
+    QCOMPARE(sessions()->count(), 1);
+}
+
+void TestFaults::anExportMayReplaceItsOwnInput()
+{
+    const SampleFile file("data.txt", fourCases);
+    openSession(file.path());
+    auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
+    m_dialogs.chooseFile(file.path());
+    pages->widget(0)->findChild<QPushButton*>("pushButtonSave")->click();
+    read("actionDataASCII", file.path());
+    QCOMPARE(m_window->statusBar()->currentMessage(),
+             QStringLiteral("Read data matrix, 4 rows and 3 cols"));
+}
+
+void TestFaults::aSessionMayEndUnderItsOwnDialog()
+{
+    const SampleFile file("data.txt", fourCases);
+    openSession(file.path());
+    const int count = exportButtons().size();
+    for (int i = 0; i < count; ++i) {
+        if (sessions()->count() == 0)
+            openSession(file.path());
+        auto* button = exportButtons().value(exportButtons().size() - count + i);
+        m_dialogs.onDialog([&](QDialog* dialog) {
+            emit sessions()->tabCloseRequested(0);
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file.folder() + "/out");
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        button->click();
+        QCOMPARE(sessions()->count(), 0);
+    }
+}
+
+void TestFaults::everyDialogMayBeEscaped()
+{
+    const SampleFile file("data.txt", fourCases);
+    openSession(file.path());
+    m_dialogs.takeRecord();
+    auto buttons = exportButtons();
+    for (auto* button : sessions()->findChildren<QPushButton*>()) {
+        if (button->text() == QLatin1String("Edit names of variables"))
+            buttons << button;
+    }
+    for (auto* button : buttons) {
+        m_dialogs.onDialog([](QDialog* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+        button->click();
+        QCOMPARE(m_dialogs.takeRecord().size(), 1);
+    }
+    m_dialogs.onDialog([](QDialog* dialog) { dialog->close(); });
+    m_window->findChild<QAction*>("actionPrecision")->trigger();
+    QVERIFY(!m_settings.has(QStringLiteral("Precision")));
+}
+
+void TestFaults::nonsenseInEverySetting()
+{
+    for (const char* key :
+         {"Precision", "ShowSplash", "OpenFolderAfterClosing", "Input/LastDataASCIILocation",
+          "Input/LastCorrASCIILocation", "Zarnel/edge.x", "Zarnel/edge.y",
+          "Zarnel/textCircleOffset", "Zarnel/circel"})
+        m_settings.set(QLatin1String(key), QStringLiteral("\u00a7 no, such@thing \n"));
+    m_window = std::make_unique<MainWindow>(nullptr);
+    m_window->show();
+    const SampleFile file("data.txt", fourCases);
+    openSession(file.path());
+    auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
+    for (int i = 0; i < pages->count(); ++i)
+        QVERIFY(!pages->widget(i)->grab().isNull());
+
+    for (const char* key : {"Zarnel/edge.x", "Zarnel/edge.y", "Zarnel/textCircleOffset"})
+        m_settings.set(QLatin1String(key), -2147483647);
+    auto* pca = pages->widget(2)->findChild<QPushButton*>("processButton");
+    pca->click();
+    QVERIFY(!pages->widget(pages->count() - 1)->grab().isNull());
+}
+
+void TestFaults::aCommaLocaleChangesNoNumber()
+{
+    const QByteArray before = std::setlocale(LC_ALL, nullptr);
+    const char* comma = std::setlocale(LC_ALL, "de_DE.UTF-8");
+    if (!comma)
+        QSKIP("no locale with a decimal comma on this machine");
+    const SampleFile file("data.txt", "1.5 2\n2 1.25\n3 5\n");
+    read("actionDataASCII", file.path());
+    m_dialogs.chooseFile(file.folder() + QStringLiteral("/saved.dat"));
+    auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
+    pages->widget(0)->findChild<QPushButton*>("pushButtonSave")->click();
+    std::setlocale(LC_ALL, before.constData());
+    QFile saved(file.folder() + QStringLiteral("/saved.dat"));
+    QVERIFY(saved.open(QIODevice::ReadOnly));
+    QVERIFY(saved.readAll().startsWith("1.5\t2\n2\t1.25\n"));
+}
+
+QTEST_MAIN(TestFaults)
+#include "tst_faults.moc"
