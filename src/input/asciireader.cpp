@@ -88,6 +88,7 @@ bool AsciiReader::readFile()
 
 bool AsciiReader::readNumbers(QFile& file)
 {
+    m_numbers->expectText(static_cast<std::size_t>(file.size()));
     return takeAllPieces(file, [this](const char* p) {
         if (isNameLine(p)) {
             const char* end = pelmora::pieceEnd(p);

@@ -52,9 +52,4 @@ constexpr bool belongsToNumber(ByteClass byteClass)
     return byteClass <= ByteClass::Point;
 }
 
-constexpr bool endsNumber(ByteClass byteClass)
-{
-    return byteClass >= ByteClass::Blank;
-}
-
 } // namespace pelmora

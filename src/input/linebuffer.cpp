@@ -58,14 +58,14 @@ bool LineBuffer::readMore()
     m_atEnd = count == 0;
     if (count > 0)
         m_size += static_cast<std::size_t>(count);
-    std::memset(m_bytes.get() + m_size, 0, scanMargin);
+    std::memset(m_bytes.get() + m_size, 0, numberscan::margin);
     return count > 0;
 }
 
 bool LineBuffer::grow()
 {
     const std::size_t capacity = m_capacity == 0 ? chunkSize : 2 * m_capacity;
-    auto* bytes = static_cast<char*>(std::realloc(m_bytes.get(), capacity + scanMargin));
+    auto* bytes = static_cast<char*>(std::realloc(m_bytes.get(), capacity + numberscan::margin));
     if (!bytes)
         return false;
     static_cast<void>(m_bytes.release());

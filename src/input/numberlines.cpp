@@ -9,31 +9,59 @@
 #include "numerics/matrixblock.h"
 
 #include <algorithm>
+#include <bit>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 namespace pelmora {
 
 namespace {
 
 /// Converts numbers of the common form, the entries of nearly all files, as far as there are
-/// places. Returns where the next entry or the line's end is.
+/// places. Returns where the next entry begins or what ends them.
 const char* takeCommonNumbers(const char* p, double*& places, const double* limit)
 {
+    const char* window = p;
+    std::uint64_t breaks = numberscan::breaksInWindow(window);
     double* next = places;
-    for (;; ++next) {
-        p = skipBlanks(p);
-        if (next == limit)
-            break;
-        double value = 0.0;
-        const char* end = scanNumber(p, value);
-        if (!end || !endsNumber(classOf(*end)))
-            break;
-        *next = value;
+    for (;;) {
+        while (breaks == 0) {
+            window += numberscan::windowSize;
+            breaks = numberscan::breaksInWindow(window);
+        }
+        const char* end = window + std::countr_zero(breaks);
+        breaks &= breaks - 1;
+        if (end != p) {
+            if (next == limit || !numberscan::parseCommon(p, end, *next))
+                break;
+            ++next;
+        }
         p = end;
+        if (*p != ' ' && classOf(*p) != ByteClass::Blank)
+            break;
+        ++p;
     }
     places = next;
     return p;
+}
+
+/// A large block that is filled once costs more time in page faults than in conversions: pages of
+/// the usual size are faulted in one by one.
+void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size)
+{
+#ifdef MADV_HUGEPAGE
+    constexpr std::uintptr_t pageSize = 2 * 1024 * 1024;
+    const std::uintptr_t begin =
+        (reinterpret_cast<std::uintptr_t>(block) + pageSize - 1) & ~(pageSize - 1);
+    const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(block) + size) & ~(pageSize - 1);
+    if (begin < end)
+        madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#endif
 }
 
 const char* entryEnd(const char* p)
@@ -52,6 +80,7 @@ void NumberLines::Free::operator()(double* block) const
 
 const char* NumberLines::takeLine(const char* p, bool& isData)
 {
+    const char* start = p;
     Line line = beginLine();
     for (;;) {
         p = takeCommonNumbers(p, line.next, line.limit);
@@ -65,7 +94,7 @@ const char* NumberLines::takeLine(const char* p, bool& isData)
         takeEntry(p, end, line);
         p = end;
     }
-    endLine(line);
+    endLine(line, static_cast<std::size_t>(p - start));
     return p;
 }
 
@@ -118,7 +147,7 @@ bool NumberLines::makeRoom(Line& line)
     return false;
 }
 
-void NumberLines::endLine(const Line& line)
+void NumberLines::endLine(const Line& line, std::size_t length)
 {
     if (m_lines == 0)
         m_columns = line.entries();
@@ -130,7 +159,16 @@ void NumberLines::endLine(const Line& line)
     }
     m_size += line.kept();
     m_interrupted = m_interrupted || line.kept() < m_columns;
+    if (m_lines == 0 && !m_interrupted)
+        reserveForText(length);
     ++m_lines;
+}
+
+/// Room for the whole file if its other lines are about as long as the first.
+void NumberLines::reserveForText(std::size_t lineLength)
+{
+    const std::size_t lines = m_textSize / (lineLength + 1);
+    resize((lines + lines / 32 + 1) * m_columns);
 }
 
 /// Room for so many more numbers. Without memory for them all numbers go.
@@ -140,21 +178,26 @@ bool NumberLines::reserve(std::size_t numbers)
     if (needed <= m_capacity)
         return true;
     constexpr std::size_t smallest = 8192;
-    for (const std::size_t capacity : {std::max({needed, 2 * m_capacity, smallest}), needed}) {
-        auto* block =
-            static_cast<double*>(std::realloc(m_block.get(), (capacity + 1) * sizeof(double)));
-        if (block) {
-            static_cast<void>(m_block.release());
-            m_block.reset(block);
-            m_capacity = capacity;
-            return true;
-        }
-    }
+    if (resize(std::max({needed, 2 * m_capacity, smallest})) || resize(needed))
+        return true;
     m_block.reset();
     m_capacity = 0;
     m_size = 0;
     m_interrupted = true;
     return false;
+}
+
+bool NumberLines::resize(std::size_t capacity)
+{
+    auto* block =
+        static_cast<double*>(std::realloc(m_block.get(), (capacity + 1) * sizeof(double)));
+    if (!block)
+        return false;
+    static_cast<void>(m_block.release());
+    m_block.reset(block);
+    m_capacity = capacity;
+    adviseLargePages(block, capacity * sizeof(double));
+    return true;
 }
 
 bool NumberLines::isComplete() const
@@ -166,12 +209,8 @@ Matrix NumberLines::takeMatrix()
 {
     if (!isComplete() || m_lines > INT_MAX || m_columns > INT_MAX)
         return {};
-    // The rest of the last enlargement goes back first.
-    if (auto* block = std::realloc(m_block.get(), (m_size + 1) * sizeof(double))) {
-        static_cast<void>(m_block.release());
-        m_block.reset(static_cast<double*>(block));
-        m_capacity = m_size;
-    }
+    // What was taken too much goes back.
+    resize(m_size);
     const int rows = static_cast<int>(m_lines);
     const int columns = static_cast<int>(m_columns);
     double** pointers = matrix_from_block(m_block.get(), rows, columns);

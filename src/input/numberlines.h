@@ -30,6 +30,10 @@ struct LineFault
 class NumberLines
 {
 public:
+    /// Tells the size of the text if it is known. Memory for all numbers is then taken at once,
+    /// when the first line has shown how many they may be.
+    void expectText(std::size_t size) { m_textSize = size; }
+
     /// Takes the line at @p p apart and returns its end: the CR, LF or NUL behind it.
     /// @param isData  false when the line holds anything but numbers; nothing of it is kept then
     const char* takeLine(const char* p, bool& isData);
@@ -73,9 +77,12 @@ private:
     void setPlaces(Line& line, std::size_t kept);
     void takeEntry(const char* first, const char* last, Line& line);
     bool makeRoom(Line& line);
-    void endLine(const Line& line);
+    void endLine(const Line& line, std::size_t length);
     bool reserve(std::size_t numbers);
+    bool resize(std::size_t capacity);
+    void reserveForText(std::size_t lineLength);
 
+    std::size_t m_textSize = 0;
     std::unique_ptr<double[], Free> m_block; ///< a spare double, then the numbers, line by line
     std::size_t m_capacity = 0;              ///< numbers that the block can hold
     std::size_t m_size = 0;                  ///< numbers kept

@@ -3,32 +3,87 @@
 
 #pragma once
 
-#include "input/charclass.h"
 #include "input/powersoften.h"
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
-namespace pelmora {
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
-/// Bytes that must be readable behind a text given to scanNumber().
-inline constexpr int scanMargin = 16;
+/// The inner steps of reading numbers, eight bytes or more at a time. Where numbers end is found
+/// for 64 bytes at once and independently of what they are worth, so that the processor works on
+/// several numbers side by side; a loop over digits would wait for each before it knows where the
+/// next begins.
+namespace pelmora::numberscan {
 
-namespace numberscan {
+inline constexpr std::size_t windowSize = 64;
 
+/// Bytes that must be readable behind a text.
+inline constexpr std::size_t margin = windowSize + sizeof(std::uint64_t);
+
+inline constexpr std::uint64_t lowBits = 0x7F7F7F7F7F7F7F7F;
+
+/// The same byte eight times.
+constexpr std::uint64_t each(std::uint64_t byte)
+{
+    return byte * 0x0101010101010101;
+}
+
+/// Eight bytes of text, the first in the lowest byte.
 inline std::uint64_t load(const char* p)
 {
-    std::uint64_t word;
+    std::uint64_t word = 0;
     std::memcpy(&word, p, sizeof word);
+    if constexpr (std::endian::native == std::endian::big)
+        word = __builtin_bswap64(word);
     return word;
 }
 
-/// The highest bit of each byte of @p word (text xor '0' per byte) that is no digit.
-inline std::uint64_t nonDigits(std::uint64_t word)
+// Numbers consist of the bytes from '+' to '9'; the comma and the slash among them are found out
+// when a number is converted.
+inline constexpr unsigned char firstOfNumber = '+';
+inline constexpr unsigned char behindNumber = '9' + 1;
+
+/// One bit for each of the eight bytes that cannot be part of a number, the first in the lowest
+/// bit.
+inline std::uint64_t breaksInWord(std::uint64_t word)
 {
-    constexpr std::uint64_t low = 0x7F7F7F7F7F7F7F7F;
-    return (((word & low) + 0x7676767676767676) | word) & ~low;
+    const std::uint64_t low = word & lowBits;
+    const std::uint64_t reached = low + each(0x80 - firstOfNumber);
+    const std::uint64_t passed = low + each(0x80 - behindNumber);
+    const std::uint64_t breaks = ~(reached & ~passed & ~word) & ~lowBits;
+    return ((breaks >> 7) * 0x0102040810204080) >> 56;
+}
+
+inline std::uint64_t breaksByWords(const char* window)
+{
+    std::uint64_t breaks = 0;
+    for (unsigned i = 0; i < windowSize / 8; ++i)
+        breaks |= breaksInWord(load(window + 8 * i)) << (8 * i);
+    return breaks;
+}
+
+/// The same for the 64 bytes of a window.
+inline std::uint64_t breaksInWindow(const char* window)
+{
+#ifdef __SSE2__
+    std::uint64_t numbers = 0;
+    const __m128i toLowest = _mm_set1_epi8(static_cast<char>(0x80 - firstOfNumber));
+    const __m128i bound = _mm_set1_epi8(static_cast<char>(0x80 + behindNumber - firstOfNumber));
+    for (unsigned i = 0; i < windowSize / 16; ++i) {
+        const auto* bytes = reinterpret_cast<const __m128i*>(window + 16 * i);
+        const __m128i shifted = _mm_add_epi8(_mm_loadu_si128(bytes), toLowest);
+        const int mask = _mm_movemask_epi8(_mm_cmplt_epi8(shifted, bound));
+        numbers |= static_cast<std::uint64_t>(mask) << (16 * i);
+    }
+    return ~numbers;
+#else
+    return breaksByWords(window);
+#endif
 }
 
 /// Value of eight digits (0 to 9 per byte, the first in the lowest byte): neighbours are joined to
@@ -42,80 +97,66 @@ inline std::uint64_t joinDigits(std::uint64_t word)
            32;
 }
 
-/// A number without sign that ends within eight bytes; null for any other.
-inline const char* scanWord(const char* p, double& value)
+/// A number, or eight bytes of one: value / 10^fraction.
+struct Digits
 {
-    const std::uint64_t word = load(p) ^ 0x3030303030303030;
-    std::uint64_t others = nonDigits(word);
-    if (others == 0)
-        return nullptr;
-    int digits = std::countr_zero(others) / 8;
-    int length = digits;
-    std::uint64_t joined = word;
-    if (p[digits] == '.') {
-        others &= others - 1;
-        if (others == 0)
-            return nullptr;
-        const std::uint64_t whole = (std::uint64_t(1) << (8 * digits)) - 1;
-        joined = (word & whole) | ((word >> 8) & ~whole);
-        length = std::countr_zero(others) / 8;
-        value = exactPowersOfTen[length - digits - 1];
-        digits = length - 1;
-    } else {
-        value = 1.0;
+    std::uint64_t value;
+    int fraction;
+    bool hasPoint;
+};
+
+/// Digits with at most one point among them; false for anything else.
+/// @param word  text xor '0', its last byte in the highest byte, zeros below its first
+inline bool takeDigits(std::uint64_t word, Digits& digits)
+{
+    const std::uint64_t others = (((word & lowBits) + each(0x80 - 10)) | word) & ~lowBits;
+    if (others == 0) {
+        digits = {joinDigits(word), 0, false};
+        return true;
     }
-    if (digits == 0)
-        return nullptr;
-    value = static_cast<double>(joinDigits(joined << (64 - 8 * digits))) / value;
-    return p + length;
+    const std::uint64_t point = others >> 7;
+    const std::uint64_t pointByte = (others << 1) - point;
+    if ((others & (others - 1)) != 0 || (word & pointByte) != point * ('.' ^ '0'))
+        return false;
+    const std::uint64_t before = word & (point - 1);
+    const std::uint64_t behind = word & (~(others << 1) + 1);
+    digits = {joinDigits(behind | (before << 8)), std::countl_zero(others) / 8, true};
+    return true;
 }
 
-/// The digits from @p p on, appended to @p mantissa, which may wrap around when there are too many.
-inline const char* scanDigits(const char* p, std::uint64_t& mantissa)
+/// Digits and a point of at most 16 bytes; both words are as takeDigits() takes them.
+inline bool takeDigits(std::uint64_t head, std::uint64_t tail, Digits& digits)
 {
-    for (; classOf(*p) == ByteClass::Digit; ++p)
-        mantissa = mantissa * 10 + static_cast<unsigned>(*p - '0');
-    return p;
+    Digits last{};
+    if (!takeDigits(head, digits) || !takeDigits(tail, last) || (digits.hasPoint && last.hasPoint))
+        return false;
+    digits.value = digits.value * (last.hasPoint ? 10'000'000 : 100'000'000) + last.value;
+    digits.fraction = digits.hasPoint ? digits.fraction + 8 : last.fraction;
+    return digits.value <= largestExactMantissa;
 }
 
-/// A number without sign of at most 19 digits that one exact division gives; null for any other.
-inline const char* scanLong(const char* p, double& value)
+/// Converts a number of the common form: perhaps a minus, then at most 16 digits with at most one
+/// point among them, which one exact division gives. False for any other; parseNumber() decides
+/// then.
+inline bool parseCommon(const char* first, const char* last, double& value)
 {
-    constexpr std::ptrdiff_t mostDigits = 19;
-    std::uint64_t mantissa = 0;
-    const char* end = scanDigits(p, mantissa);
-    std::ptrdiff_t digits = end - p;
-    std::ptrdiff_t fraction = 0;
-    if (*end == '.') {
-        const char* point = end;
-        end = scanDigits(point + 1, mantissa);
-        fraction = end - point - 1;
-        digits += fraction;
+    const std::uint64_t negative = *first == '-';
+    first += negative;
+    const auto size = static_cast<std::size_t>(last - first);
+    const std::uint64_t head = load(first) ^ each('0');
+    Digits digits{};
+    if (size - 1 < 8) {
+        if (!takeDigits(head << (64 - 8 * size), digits) || (digits.hasPoint && size == 1))
+            return false;
+    } else if (size - 9 >= 8 ||
+               !takeDigits(head << (128 - 8 * size), load(last - 8) ^ each('0'), digits)) {
+        return false;
     }
-    if (digits == 0 || digits > mostDigits || mantissa > largestExactMantissa)
-        return nullptr;
-    value = static_cast<double>(mantissa) / exactPowersOfTen[fraction];
-    return end;
+    const double magnitude = static_cast<double>(static_cast<std::int64_t>(digits.value)) /
+                             exactPowersOfTen[static_cast<std::size_t>(digits.fraction)];
+    // Signs are too irregular to branch on.
+    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | (negative << 63));
+    return true;
 }
 
-} // namespace numberscan
-
-/// Converts the number that starts at @p p in one visit and returns its end, or null where the text
-/// is not of the common form (an optional sign, few digits, at most one point): parseNumber()
-/// decides then. What follows the number is not judged; a line end or NUL must follow within the
-/// text.
-inline const char* scanNumber(const char* p, double& value)
-{
-    const bool negative = *p == '-';
-    p += negative || *p == '+';
-    const char* end = nullptr;
-    if constexpr (std::endian::native == std::endian::little)
-        end = numberscan::scanWord(p, value);
-    if (!end)
-        end = numberscan::scanLong(p, value);
-    if (negative)
-        value = -value;
-    return end;
-}
-
-} // namespace pelmora
+} // namespace pelmora::numberscan

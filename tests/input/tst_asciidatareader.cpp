@@ -29,7 +29,7 @@ public:
     QByteArray next()
     {
         m_columns = m_random.bounded(1, 5);
-        m_spoilt = m_random.bounded(3) == 0 ? 40 : 4;
+        m_spoilt = m_random.bounded(2) == 0 ? 40 : 4;
         QByteArray bytes;
         for (int i = m_random.bounded(12); i > 0; --i)
             bytes += m_random.bounded(12) == 0 ? nameLine() : row();
@@ -284,7 +284,7 @@ void TestAsciiDataReader::randomFilesAgainstThePlainReader()
 {
     RandomFile files(3);
     int accepted = 0;
-    for (int i = 0; i < 800; ++i) {
+    for (int i = 0; i < 500; ++i) {
         const QByteArray bytes = files.next();
         const InputFile file(bytes);
         pelmora::plain::TextFile plain;
@@ -314,7 +314,7 @@ void TestAsciiDataReader::randomFilesAgainstThePlainReader()
         QCOMPARE(data.names().texts(), plainTexts(pelmora::plain::variableNames(plain)));
         accepted += filled;
     }
-    QVERIFY(accepted > 150 && accepted < 700);
+    QVERIFY(accepted > 150 && accepted < 400);
 }
 
 QTEST_MAIN(TestAsciiDataReader)
