@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The matrix is walked row by row, whichever way the variables lie, since its rows are contiguous.
-// Two passes: sums and extremes first, then squared deviations from the means, which loses nothing
-// to cancellation where a mean is large beside its deviation.
+// Two passes over the values: sums and extremes first, then squared deviations from the means,
+// which loses nothing to cancellation where a mean is large beside its deviation. The matrix is
+// walked row by row, whichever way the variables lie, since its rows are contiguous. Where the
+// columns are the variables, each step is a loop over plain arrays, one element per variable.
 
 #include "views/variablestatistics.h"
 
@@ -16,37 +17,82 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-inline void addValue(VariableStatistics& variable, double value)
+/// What is gathered of all variables, one element each.
+struct Sums
 {
-    variable.mean += value;
-    variable.minimum = value < variable.minimum ? value : variable.minimum;
-    variable.maximum = value > variable.maximum ? value : variable.maximum;
+    explicit Sums(int variables)
+        : totals(static_cast<std::size_t>(variables), 0.0)
+        , squares(static_cast<std::size_t>(variables), 0.0)
+        , minima(static_cast<std::size_t>(variables), infinity)
+        , maxima(static_cast<std::size_t>(variables), -infinity)
+    {
+    }
+
+    std::vector<double> totals;  ///< sums, then means
+    std::vector<double> squares; ///< of the deviations
+    std::vector<double> minima;
+    std::vector<double> maxima;
+};
+
+inline void addValue(double value, double& total, double& minimum, double& maximum)
+{
+    total += value;
+    minimum = value < minimum ? value : minimum;
+    maximum = value > maximum ? value : maximum;
 }
 
-inline void addDeviation(VariableStatistics& variable, double value)
+inline void addDeviation(double value, double mean, double& square)
 {
-    const double deviation = value - variable.mean;
-    variable.standardDeviation += deviation * deviation;
+    square += (value - mean) * (value - mean);
 }
 
-void finishMean(VariableStatistics& variable)
+void addCase(const double* values, int variables, double* totals, double* minima, double* maxima)
 {
-    // The mean of equal values is that value, whatever their sum was rounded to.
-    variable.mean = variable.isConstant() ? variable.minimum : variable.mean / variable.cases;
+    for (int i = 0; i < variables; ++i)
+        addValue(values[i], totals[i], minima[i], maxima[i]);
 }
 
-void finishDeviation(VariableStatistics& variable)
+void addCaseDeviations(const double* values, int variables, const double* means, double* squares)
 {
-    variable.standardDeviation = std::sqrt(variable.standardDeviation / variable.cases);
+    for (int i = 0; i < variables; ++i)
+        addDeviation(values[i], means[i], squares[i]);
 }
 
-template <class Step>
-void forEachValue(const double* const* values, int rows, int columns, bool rowWise,
-                  std::vector<VariableStatistics>& variables, Step step)
+void finishMeans(Sums& sums, int cases)
 {
+    for (std::size_t i = 0; i < sums.totals.size(); ++i) {
+        // The mean of equal values is that value, whatever their sum was rounded to.
+        const bool constant = sums.minima[i] == sums.maxima[i];
+        sums.totals[i] = constant ? sums.minima[i] : sums.totals[i] / cases;
+    }
+}
+
+Sums gatherColumns(const double* const* values, int rows, int columns)
+{
+    Sums sums(columns);
     for (int row = 0; row < rows; ++row)
-        for (int column = 0; column < columns; ++column)
-            step(variables[static_cast<std::size_t>(rowWise ? row : column)], values[row][column]);
+        addCase(values[row], columns, sums.totals.data(), sums.minima.data(), sums.maxima.data());
+    finishMeans(sums, rows);
+    for (int row = 0; row < rows; ++row)
+        addCaseDeviations(values[row], columns, sums.totals.data(), sums.squares.data());
+    return sums;
+}
+
+Sums gatherRows(const double* const* values, int rows, int columns)
+{
+    Sums sums(rows);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column) {
+            const auto i = static_cast<std::size_t>(row);
+            addValue(values[row][column], sums.totals[i], sums.minima[i], sums.maxima[i]);
+        }
+    finishMeans(sums, columns);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column) {
+            const auto i = static_cast<std::size_t>(row);
+            addDeviation(values[row][column], sums.totals[i], sums.squares[i]);
+        }
+    return sums;
 }
 
 } // namespace
@@ -54,16 +100,15 @@ void forEachValue(const double* const* values, int rows, int columns, bool rowWi
 std::vector<VariableStatistics> variableStatistics(const double* const* values, int rows,
                                                    int columns, bool rowWise)
 {
-    const VariableStatistics none{rowWise ? columns : rows, 0.0, 0.0, infinity, -infinity};
-    std::vector<VariableStatistics> variables(static_cast<std::size_t>(rowWise ? rows : columns),
-                                              none);
-    forEachValue(values, rows, columns, rowWise, variables, addValue);
-    for (auto& variable : variables)
-        finishMean(variable);
-    forEachValue(values, rows, columns, rowWise, variables, addDeviation);
-    for (auto& variable : variables)
-        finishDeviation(variable);
-    return variables;
+    const Sums sums =
+        rowWise ? gatherRows(values, rows, columns) : gatherColumns(values, rows, columns);
+    const int cases = rowWise ? columns : rows;
+    std::vector<VariableStatistics> statistics;
+    statistics.reserve(sums.totals.size());
+    for (std::size_t i = 0; i < sums.totals.size(); ++i)
+        statistics.push_back({cases, sums.totals[i], std::sqrt(sums.squares[i] / cases),
+                              sums.minima[i], sums.maxima[i]});
+    return statistics;
 }
 
 } // namespace pelmora
