@@ -5,7 +5,7 @@
 #
 # usage: ./dev package
 #
-# The package is left in build/package-build/package. With SOURCE_DATE_EPOCH set it is the same to the byte every
+# The package is left in build/package/package. With SOURCE_DATE_EPOCH set it is the same to the byte every
 # time. The checks are those of desktop-file-validate, appstreamcli and lintian.
 
 need build package
