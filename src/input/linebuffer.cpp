@@ -11,12 +11,6 @@
 
 namespace pelmora {
 
-namespace {
-
-constexpr std::size_t chunkSize = 256 * 1024;
-
-} // namespace
-
 void LineBuffer::Free::operator()(char* bytes) const
 {
     std::free(bytes);
@@ -27,15 +21,37 @@ bool LineBuffer::next()
     dropRun();
     while (!m_atEnd && !m_failed && m_run == 0) {
         const std::size_t searched = m_size;
-        if (!readMore())
-            break;
-        const std::string_view fresh(m_bytes.get() + searched, m_size - searched);
-        if (const auto lineFeed = fresh.rfind('\n'); lineFeed != std::string_view::npos)
-            m_run = searched + lineFeed + 1;
+        if (readMore())
+            findRun(searched);
     }
     if (m_atEnd && m_run == 0)
         m_run = m_size;
     return m_run > 0 && !m_failed;
+}
+
+void LineBuffer::findRun(std::size_t searched)
+{
+    constexpr auto none = std::string_view::npos;
+    const std::string_view bytes(m_bytes.get(), m_size);
+    const std::string_view fresh = bytes.substr(searched);
+    auto lineEnd = fresh.rfind('\n');
+    if (lineEnd == none) {
+        if (const auto nul = bytes.find('\0'); nul != none) {
+            cutBehind(nul);
+            return;
+        }
+        lineEnd = fresh.rfind('\r');
+    }
+    if (lineEnd != none)
+        m_run = searched + lineEnd + 1;
+}
+
+/// What follows a NUL up to the line feed counts for nothing; a file full of it must not fill the
+/// memory.
+void LineBuffer::cutBehind(std::size_t nul)
+{
+    m_size = nul + 1;
+    std::memset(m_bytes.get() + m_size, 0, numberscan::margin);
 }
 
 void LineBuffer::dropRun()
@@ -64,7 +80,7 @@ bool LineBuffer::readMore()
 
 bool LineBuffer::grow()
 {
-    const std::size_t capacity = m_capacity == 0 ? chunkSize : 2 * m_capacity;
+    const std::size_t capacity = m_capacity == 0 ? m_chunkSize : 2 * m_capacity;
     auto* bytes = static_cast<char*>(std::realloc(m_bytes.get(), capacity + numberscan::margin));
     if (!bytes)
         return false;

@@ -12,17 +12,24 @@ class QFile;
 
 namespace pelmora {
 
-/// Reads a file in large chunks and hands out runs of whole lines: each run ends with a line feed,
-/// save perhaps the file's last. A line longer than a chunk makes the buffer grow.
+/// Reads a file in large chunks and hands out runs of whole lines: each run ends with a line feed
+/// (a carriage return where there are none), save perhaps the file's last. A line longer than a
+/// chunk makes the buffer grow.
 class LineBuffer
 {
 public:
-    explicit LineBuffer(QFile& file) : m_file(file) {}
+    static constexpr std::size_t usualChunk = 256 * 1024;
+
+    explicit LineBuffer(QFile& file, std::size_t chunkSize = usualChunk)
+        : m_file(file)
+        , m_chunkSize(chunkSize)
+    {
+    }
 
     /// Goes to the next run; false at the end of the file and after a fault.
     bool next();
 
-    /// The run; NUL bytes stand behind one that does not end with a line feed.
+    /// The run; NUL bytes stand behind one without line end.
     const char* begin() const { return m_bytes.get(); }
     const char* end() const { return m_bytes.get() + m_run; }
 
@@ -37,9 +44,12 @@ private:
 
     void dropRun();
     bool readMore();
+    void findRun(std::size_t searched);
+    void cutBehind(std::size_t nul);
     bool grow();
 
     QFile& m_file;
+    std::size_t m_chunkSize;
     std::unique_ptr<char[], Free> m_bytes;
     std::size_t m_capacity = 0;
     std::size_t m_size = 0; ///< bytes read and not yet dropped

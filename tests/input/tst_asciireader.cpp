@@ -5,10 +5,38 @@
 
 #include "input/asciidatareader.h"
 #include "input/inputfile.h"
+#include "input/linebuffer.h"
+#include "input/linescan.h"
 #include "plain/reader.h"
 #include "support/dialogscript.h"
 
+#include <QRandomGenerator>
 #include <QTest>
+
+#include <sys/stat.h>
+
+using pelmora::LineBuffer;
+
+namespace {
+
+QByteArrayList piecesOf(const InputFile& input, std::size_t chunkSize)
+{
+    QFile file(input.path());
+    QByteArrayList pieces;
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return pieces;
+    LineBuffer buffer(file, chunkSize);
+    while (buffer.next()) {
+        pelmora::scanLines(buffer.begin(), buffer.end(), [&pieces](const char* p) {
+            const char* end = pelmora::pieceEnd(p);
+            pieces.append(QByteArray(p, end - p));
+            return end;
+        });
+    }
+    return pieces;
+}
+
+} // namespace
 
 class TestAsciiReader : public QObject
 {
@@ -22,6 +50,9 @@ private slots:
     void whatCannotBeOpenedEndsSilently_data();
     void whatCannotBeOpenedEndsSilently();
     void readErrorIsReported();
+    void piecesAreTheSameForEveryChunkSize();
+    void pipeIsNotWaitedFor();
+    void fileThatShrinksWhileRead();
     void fileThatVanishesAfterReading();
 };
 
@@ -86,15 +117,19 @@ void TestAsciiReader::sortsLines()
 void TestAsciiReader::longLinesAndManyChunks_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    const QByteArray entries = QByteArray("1.25 -3\t0.5 ").repeated(100'000);
+    const QByteArray entries = QByteArray("1.25 -3\t0.5 ").repeated(30'000);
     QTest::newRow("one long line") << entries;
     QTest::newRow("long lines of all kinds")
         << entries + '\n' + entries + "x\nvname 1 " + entries + '\n' + entries + '\n';
-    QTest::newRow("one long number") << QByteArray(3'000'000, '1');
-    QTest::newRow("CR only") << QByteArray("1 2 3\r").repeated(200'000);
-    QTest::newRow("NULs only") << QByteArray(3'000'000, '\0');
+    QTest::newRow("one long number") << QByteArray(1'000'000, '1');
+    QTest::newRow("CR only") << QByteArray("1 2 3\r").repeated(100'000);
+    QTest::newRow("NULs only") << QByteArray(1'000'000, '\0');
+    const QByteArray returns = QByteArray("4 -5.5\r6\rx\r").repeated(15'000);
+    const QByteArray nul(1, '\0');
+    QTest::newRow("CR and NUL") << returns + nul + returns + '\n' + returns + '\n' + nul + returns +
+                                       nul + returns + "\n7\r" + returns + nul + returns;
     QByteArray lines;
-    for (int i = 0; i < 150'000; ++i)
+    for (int i = 0; i < 50'000; ++i)
         lines += QByteArray::number(i) + ' ' + QByteArray::number(0.37 * i, 'f', i % 9) + '\n';
     QTest::newRow("many short lines") << lines;
 }
@@ -143,6 +178,45 @@ void TestAsciiReader::readErrorIsReported()
     DialogScript script;
     QVERIFY(!AsciiDataReader(path, nullptr).readFile());
     QCOMPARE(script.takeRecord(), QStringList("Error|Error while reading file /proc/self/mem"));
+}
+
+void TestAsciiReader::piecesAreTheSameForEveryChunkSize()
+{
+    QRandomGenerator random(4);
+    for (int i = 0; i < 200; ++i) {
+        QByteArray bytes;
+        for (int k = random.bounded(100); k > 0; --k)
+            bytes += "12 3.vx\n\n\r\0"[random.bounded(11)];
+        const InputFile input(bytes);
+        const QByteArrayList expected = piecesOf(input, LineBuffer::usualChunk);
+        for (const std::size_t chunkSize : {1, 2, 3, 5, 16, 50})
+            QVERIFY2(piecesOf(input, chunkSize) == expected, bytes.toHex(' ').constData());
+    }
+}
+
+void TestAsciiReader::pipeIsNotWaitedFor()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("pipe"));
+    if (mkfifo(path.toLocal8Bit().constData(), 0600) != 0)
+        QSKIP("no pipes on this system");
+    QVERIFY(!AsciiDataReader(path, nullptr).readFile());
+}
+
+void TestAsciiReader::fileThatShrinksWhileRead()
+{
+    const InputFile input(QByteArray("1 2 3\n").repeated(200'000));
+    QFile file(input.path());
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    LineBuffer buffer(file);
+    QVERIFY(buffer.next());
+    const auto first = buffer.end() - buffer.begin();
+    QVERIFY(QFile::resize(input.path(), 100));
+    // The piece of a line that was read along with the first run is all that is left.
+    QVERIFY(buffer.next());
+    QVERIFY(buffer.end() - buffer.begin() < 6 && first > 100);
+    QVERIFY(!buffer.next());
+    QVERIFY(!buffer.failed());
 }
 
 void TestAsciiReader::fileThatVanishesAfterReading()
