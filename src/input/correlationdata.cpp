@@ -4,7 +4,6 @@
 #include "input/correlationdata.h"
 
 #include "settings/numbertext.h"
-#include "settings/settings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -38,9 +37,8 @@ std::string fileText(double value)
 
 } // namespace
 
-void writeCorrelations(std::ostream& out, const CorrelationData& correlations)
+void writeCorrelations(std::ostream& out, const CorrelationData& correlations, unsigned decimals)
 {
-    const unsigned decimals = settings::precision();
     const std::size_t width = decimals + 4;
     const pelmora::Matrix& m = correlations.matrix();
     for (int i = 0; i < m.rows(); ++i) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "input/asciidata.h"
+#include "settings/settings.h"
 
 #include <QString>
 
@@ -30,6 +31,7 @@ private:
 };
 
 /// Writes the correlations as a file that the correlation reader takes back: one line per row,
-/// every value rounded by the stored precision p (read once) and right aligned in p + 4 characters,
-/// then the name header. At least one blank precedes a value, and no value has an exponent.
-void writeCorrelations(std::ostream& out, const CorrelationData& correlations);
+/// every value rounded to @p decimals p (at most 9) and right aligned in p + 4 characters, then the
+/// name header. At least one blank precedes a value, and no value has an exponent.
+void writeCorrelations(std::ostream& out, const CorrelationData& correlations,
+                       unsigned decimals = settings::precision());
