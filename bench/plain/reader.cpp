@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <climits>
 
 namespace pelmora::plain {
 
@@ -17,6 +18,7 @@ const QRegularExpression lineEnds(QStringLiteral("[\\r\\n]+"));
 const QRegularExpression nonNumeric(QStringLiteral("[^+\\-0-9\\x09-\\x0D\\x20\\xA0.]"));
 const QRegularExpression separators(QStringLiteral("[\\x09-\\x0D\\x20\\xA0,]+"));
 const QRegularExpression blanks(QStringLiteral("[\\x09-\\x0D\\x20\\xA0]+"));
+const QRegularExpression noInteger(QStringLiteral("[^+\\-0-9]"));
 const QRegularExpression nameHeader(QStringLiteral(
     "[\\x09-\\x0D\\x20\\xA0]*vname[\\x09-\\x0D\\x20\\xA0]*[0-9]+[\\x09-\\x0D\\x20\\xA0]*"));
 
@@ -112,13 +114,15 @@ bool fillMatrix(const TextFile& file, double** matrix)
 int parseNameLine(const QString& line, QString& name)
 {
     name = line.split(nameHeader, Qt::SkipEmptyParts).value(0);
+    const QString text = line.split(blanks, Qt::SkipEmptyParts).value(1);
     bool ok = false;
-    const int number = line.split(blanks, Qt::SkipEmptyParts).value(1).toInt(&ok);
-    if (!ok) {
+    const int number = text.toInt(&ok);
+    // The toolkit would pass over a blank that is none here.
+    if (!ok || text.contains(noInteger)) {
         name.clear();
         return -1;
     }
-    return number - 1;
+    return std::max(number, INT_MIN + 1) - 1;
 }
 
 std::vector<std::string> variableNames(const TextFile& file)
