@@ -15,6 +15,9 @@ MinimalPairForm::MinimalPairForm(const MinimalPairFinder& finder, int focalFacto
     , m_variableCount(finder.variableCount())
 {
     m_ui->setupUi(this);
+    // The background of the tab shows through.
+    m_ui->scrollArea->viewport()->setAutoFillBackground(false);
+    m_ui->scrollAreaWidgetContents->setAutoFillBackground(false);
     const int shown = std::min(finder.pairCount(), MinimalPairEntryForm::rankCount);
     for (int rank = 0; rank < shown; ++rank)
         m_pairs.push_back(finder.pair(focalFactor, rank));

@@ -48,7 +48,7 @@ QString NameHeader::label(int section) const
 
 QString NameHeader::shownLabel(int section) const
 {
-    const QString text = label(section);
+    QString text = label(section);
     if (text.contains(u'\n')) // one of ours, not a name
         return text;
     const int margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);

@@ -169,9 +169,7 @@ void TestMinimalPairFinder::fewPairs()
     QFETCH(int, variables);
     QFETCH(int, limit);
     QFETCH(int, pairs);
-    std::vector<std::vector<double>> rows;
-    for (int i = 0; i < variables; ++i)
-        rows.push_back({0.1 * i, 0.2});
+    const std::vector<std::vector<double>> rows(static_cast<std::size_t>(variables), {0.1, 0.2});
     const MinimalPairFinder finder(loadingsOf(rows), limit);
     QCOMPARE(finder.pairCount(), pairs);
     QCOMPARE(finder.variableCount(), variables);
