@@ -1,0 +1,63 @@
+# SPDX-FileCopyrightText: 2026 The Pelmora Developers
+# SPDX-License-Identifier: MIT
+#
+# awk -f ratios.awk <output of benchmarks> <goals>: a table of medians, ratios and goals.
+
+function trim(text) {
+    gsub(/^[ \t]+|[ \t]+$/, "", text)
+    return text
+}
+
+function milliseconds(number, unit) {
+    if (unit == "ns") return number / 1e6
+    if (unit == "us") return number / 1e3
+    if (unit == "s") return number * 1e3
+    return number
+}
+
+# The value of "name", or of the counter in "name:counter".
+function measured(name) {
+    return name in value ? value[name] : ""
+}
+
+function row(work, fast, plain, result, goal, held) {
+    printf "| %s | %s | %s | %s | %s | %s |\n", work, fast, plain, result, goal, held ? "yes" : "no"
+}
+
+FNR == 1 { file++ }
+
+# name_median, wall time, unit, processor time, unit, repetitions, counter=value...
+file == 1 && $1 ~ /_median$/ {
+    name = $1
+    sub(/_median$/, "", name)
+    value[name] = milliseconds($4, $5)
+    for (i = 7; i <= NF; i++) {
+        split($i, part, "=")
+        value[name ":" part[1]] = part[2]
+    }
+    next
+}
+
+file == 2 && !header {
+    header = 1
+    print "| work | fast | plain | result | goal | reached |"
+    print "|---|---|---|---|---|---|"
+}
+
+file == 2 && !/^#/ && NF {
+    split($0, field, "|")
+    work = trim(field[1]); fast = trim(field[2]); plain = trim(field[3]); goal = trim(field[4])
+    if (measured(fast) == "")
+        next
+    number = measured(fast)
+    limit = goal + 0
+    if (plain != "-" && measured(plain) != "") {
+        ratio = measured(plain) / number
+        row(work, sprintf("%.3g ms", number), sprintf("%.4g ms", measured(plain)),
+            sprintf("1/%.1f", ratio), "1/" goal, ratio >= limit)
+    } else if (plain == "-") {
+        unit = goal
+        sub(/^[0-9.]+/, "", unit)
+        row(work, sprintf("%.3g%s", number, unit), "", "", "at most " goal, number + 0 <= limit)
+    }
+}
