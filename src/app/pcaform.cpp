@@ -8,6 +8,7 @@
 #include "numerics/initialfactors.h"
 #include "ui_pcaform.h"
 #include "views/fileexport.h"
+#include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
@@ -42,12 +43,19 @@ PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
     m_form->tableWidgetFaktorladungen->setModel(m_loadingModel);
     for (QTableView* table : findChildren<QTableView*>())
         installTableCopy(table);
+    installNameHeaders(m_form->tableWidgetEigenvektoren);
+    installNameHeaders(m_form->tableWidgetFaktorladungen);
 
     connect(session, &SessionFace::variableNamesChanged, this, &PCAForm::on_variableNamesChanged);
     connect(session, &QObject::destroyed, this, &PCAForm::releaseSessionData);
 }
 
-PCAForm::~PCAForm() = default;
+PCAForm::~PCAForm()
+{
+    // The tables may be asked for numbers and names until the last widget is gone.
+    m_eigenvalueModel->clear();
+    releaseSessionData();
+}
 
 void PCAForm::fillEigenvalues(const pelmora::Vector& eigenvalues)
 {

@@ -47,6 +47,9 @@ std::string general(double x)
 
 std::string shortest(double x)
 {
+    // The toolkit drops the sign of minus zero.
+    if (x == 0.0 && std::signbit(x))
+        return "-0";
     return QString::number(x, 'f', QLocale::FloatingPointShortest).toStdString();
 }
 

@@ -140,6 +140,8 @@ void fitColumnWidths(QTableView* view, const NumberTableModel& model)
     QHeaderView* header = view->horizontalHeader();
     WidthTable widths(*view, model);
     const std::vector<Candidates> candidates = candidatesOf(model);
+    // A header that is shown goes through all its columns whenever one changes.
+    header->setUpdatesEnabled(false);
     for (int column = 0; column < model.columnCount(); ++column) {
         int width = header->sectionSizeHint(column);
         for (int row : candidates[static_cast<std::size_t>(column)].rows())
@@ -148,6 +150,7 @@ void fitColumnWidths(QTableView* view, const NumberTableModel& model)
         header->resizeSection(
             column, std::clamp(width, header->minimumSectionSize(), header->maximumSectionSize()));
     }
+    header->setUpdatesEnabled(true);
 }
 
 void fitRowHeights(QTableView* view)

@@ -64,7 +64,11 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
             &FactorForm::on_variableNamesChanged);
 }
 
-FactorForm::~FactorForm() = default;
+FactorForm::~FactorForm()
+{
+    // The table may be asked for scores until the last widget is gone.
+    m_scoresModel->clear();
+}
 
 void FactorForm::setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs,
                        pelmora::Matrix scores)

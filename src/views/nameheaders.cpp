@@ -67,10 +67,7 @@ void installNameHeaders(QTableView* view)
 
 void fitToNames(QTableView* view, const NumberTableModel& model)
 {
-    // A header that is drawn looks at all columns whenever one of them gets its width.
-    view->setUpdatesEnabled(false);
     fitColumnWidths(view, model);
-    view->setUpdatesEnabled(true);
     // A wider vertical header may call for a scroll bar.
     view->doItemsLayout();
 }

@@ -6,19 +6,8 @@
 #include "input/asciidata.h"
 #include "settings/numbertext.h"
 
-#include <cmath>
 #include <ostream>
 #include <string>
-
-namespace {
-
-std::string valueText(double value)
-{
-    // The shortest form of minus zero has no sign.
-    return value == 0.0 && std::signbit(value) ? "-0" : numbertext::shortest(value);
-}
-
-} // namespace
 
 void writeRawData(std::ostream& out, const AsciiData& data)
 {
@@ -29,7 +18,7 @@ void writeRawData(std::ostream& out, const AsciiData& data)
         for (int column = 0; column < values.columns(); ++column) {
             if (column > 0)
                 line += '\t';
-            line += valueText(values[row][column]);
+            line += numbertext::shortest(values[row][column]);
         }
         line += '\n';
         out << line;

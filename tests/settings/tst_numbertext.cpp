@@ -100,7 +100,9 @@ void TestNumberText::shortestFormReadsBack()
     for (const double number : {0.1, -1.0 / 3.0, 5e-324, 1.7976931348623157e308, 1e22, -0.0}) {
         const std::string text = numbertext::shortest(number);
         QVERIFY(text.find_first_not_of("-.0123456789") == std::string::npos);
-        QCOMPARE(QByteArray::fromStdString(text).toDouble(), number);
+        const double back = QByteArray::fromStdString(text).toDouble();
+        QCOMPARE(back, number);
+        QCOMPARE(std::signbit(back), std::signbit(number));
     }
 }
 
