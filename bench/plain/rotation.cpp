@@ -22,6 +22,14 @@ bool hasNan(const double* const* l, int j, int p)
     return false;
 }
 
+double sum(const Vector& terms)
+{
+    double result = 0.0;
+    for (double term : terms)
+        result += term;
+    return result;
+}
+
 /// A pair without a usable angle stays as it stands, unless there is NaN to spread.
 bool staysPut(const double* const* l, int j, int k, int p, double angle)
 {
@@ -107,20 +115,26 @@ double column_criterion(const double* const* l, int j, int p)
 
 void pair_angles(const double* const* l, int j, int k, int p, double& angle1, double& angle2)
 {
-    double A = 0.0;
-    double W = 0.0;
-    double C = 0.0;
-    double E = 0.0;
+    Vector u(p);
+    Vector w(p);
+    Vector uw(p);
+    Vector e(p);
+    if (u.isNull() || w.isNull() || uw.isNull() || e.isNull()) {
+        angle1 = angle2 = std::nan("");
+        return;
+    }
     for (int i = 0; i < p; ++i) {
         const double x = l[i][j];
         const double y = l[i][k];
-        const double u = x * x - y * y;
-        const double w = x * y;
-        A += u;
-        W += w;
-        C += u * w;
-        E += -0.5 * (u * u) + w * (w + w);
+        u[i] = x * x - y * y;
+        w[i] = x * y;
+        uw[i] = u[i] * w[i];
+        e[i] = -0.5 * (u[i] * u[i]) + w[i] * (w[i] + w[i]);
     }
+    const double A = sum(u);
+    const double W = sum(w);
+    const double C = sum(uw);
+    const double E = sum(e);
     const double D = A * W / p - C;
     const double b = 0.5 * (-(A * A / (2.0 * p) + -2.0 * W * W / p + E) / D);
     const double q = std::sqrt(b * b - -D / D);

@@ -1,57 +1,219 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+// The described pair sums, arranged for the cache and for vectors. Blocks of cases are centred and
+// packed into panels of eight variables, case after case; a tile of sums, four variables against
+// eight, stays in registers while it runs through a block. Every sum still takes its cases in their
+// order. The sum of a pair is the same in both triangles, only the division differs, and the sum of
+// a variable with itself is what its variance divides.
+
 #include "numerics/correlation.h"
 
+#include "numerics/alignedrows.h"
+#include "numerics/lanes.h"
 #include "numerics/memory.h"
 #include "numerics/owners.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pelmora {
 
+namespace {
+
+constexpr int panelWidth = 8;
+constexpr int tileHeight = 4;
+constexpr int casesPerBlock = 128;
+
+struct RawData
+{
+    double** x;
+    bool rowWise;
+    int variables;
+    int cases;
+};
+
+/// Four cases at a time, so that a sum is fetched and put back once for all of them.
+PELMORA_VECTOR_CLONES
+void sumColumns(const RawData& data, double* __restrict sum)
+{
+    std::fill_n(sum, data.variables, 0.0);
+    int i = 0;
+    for (; i + 4 <= data.cases; i += 4) {
+        const double* const* rows = data.x + i;
+        for (int j = 0; j < data.variables; ++j)
+            sum[j] = sum[j] + rows[0][j] + rows[1][j] + rows[2][j] + rows[3][j];
+    }
+    for (; i < data.cases; ++i)
+        for (int j = 0; j < data.variables; ++j)
+            sum[j] += data.x[i][j];
+}
+
+/// Several rows at a time: their sums do not wait for one another.
+void sumRows(const RawData& data, double* sum)
+{
+    std::fill_n(sum, data.variables, 0.0);
+    int j = 0;
+    for (; j + 4 <= data.variables; j += 4)
+        for (int i = 0; i < data.cases; ++i)
+            for (int row = j; row < j + 4; ++row)
+                sum[row] += data.x[row][i];
+    for (; j < data.variables; ++j)
+        for (int i = 0; i < data.cases; ++i)
+            sum[j] += data.x[j][i];
+}
+
+void findMeans(const RawData& data, double* mean)
+{
+    if (data.rowWise)
+        sumRows(data, mean);
+    else
+        sumColumns(data, mean);
+    // Row-wise data divide by the number of variables, on purpose.
+    const int divisor = data.rowWise ? data.variables : data.cases;
+    for (int j = 0; j < data.variables; ++j)
+        mean[j] /= divisor;
+}
+
+/// Fills the panels with the centred values of some cases. Lanes beyond the last variable stay 0.
+PELMORA_VECTOR_CLONES
+void packColumns(const RawData& data, const double* mean, int firstCase, int count,
+                 AlignedRows& panels)
+{
+    const int whole = data.variables / panelWidth * panelWidth;
+    for (int i = 0; i < count; ++i) {
+        const double* values = data.x[firstCase + i];
+        double* packed = panels[0] + i * panelWidth;
+        for (int j = 0; j < whole; j += panelWidth, packed += panels.stride()) {
+            lanesAt(packed) = lanesAt(values + j) - lanesAt(mean + j);
+            lanesAt(packed + lanes) = lanesAt(values + j + lanes) - lanesAt(mean + j + lanes);
+        }
+        for (int j = whole; j < data.variables; ++j)
+            packed[j - whole] = values[j] - mean[j];
+    }
+}
+
+void packRows(const RawData& data, const double* mean, int firstCase, int count,
+              AlignedRows& panels)
+{
+    for (int j = 0; j < data.variables; ++j) {
+        const double* values = data.x[j] + firstCase;
+        double* packed = panels[j / panelWidth] + j % panelWidth;
+        for (int i = 0; i < count; ++i)
+            packed[i * panelWidth] = values[i] - mean[j];
+    }
+}
+
+/// Adds the products of four variables with the eight of another panel to their sums.
+PELMORA_VECTOR_CLONES
+void addTile(const double* four, const double* eight, int count, double* sums,
+             std::ptrdiff_t stride)
+{
+    Lanes low[tileHeight];
+    Lanes high[tileHeight];
+    for (int r = 0; r < tileHeight; ++r) {
+        low[r] = lanesAt(sums + r * stride);
+        high[r] = lanesAt(sums + r * stride + lanes);
+    }
+    for (int i = 0; i < count; ++i) {
+        const Lanes a = lanesAt(eight + i * panelWidth);
+        const Lanes b = lanesAt(eight + i * panelWidth + lanes);
+        for (int r = 0; r < tileHeight; ++r) {
+            const double factor = four[i * panelWidth + r];
+            low[r] += factor * a;
+            high[r] += factor * b;
+        }
+    }
+    for (int r = 0; r < tileHeight; ++r) {
+        lanesAt(sums + r * stride) = low[r];
+        lanesAt(sums + r * stride + lanes) = high[r];
+    }
+}
+
+/// Adds a block of cases to the sums of all pairs on and above the diagonal.
+void addBlock(AlignedRows& panels, int panelCount, int count, AlignedRows& sums)
+{
+    for (int j = 0; j < panelCount; ++j)
+        for (int k = j; k < panelCount; ++k)
+            for (int r = 0; r < panelWidth; r += tileHeight)
+                addTile(panels[j] + r, panels[k], count, sums[j * panelWidth + r] + k * panelWidth,
+                        sums.stride());
+}
+
+void sumProducts(const RawData& data, const double* mean, AlignedRows& panels, AlignedRows& sums)
+{
+    const int panelCount = AlignedRows::padded(data.variables) / panelWidth;
+    for (int first = 0; first < data.cases; first += casesPerBlock) {
+        const int count = std::min(casesPerBlock, data.cases - first);
+        if (data.rowWise)
+            packRows(data, mean, first, count, panels);
+        else
+            packColumns(data, mean, first, count, panels);
+        addBlock(panels, panelCount, count, sums);
+    }
+}
+
+void divideSums(const AlignedRows& sums, const double* deviation, int p, int n, double** r)
+{
+    for (int j = 0; j < p; ++j) {
+        r[j][j] = 1.0;
+        for (int k = j + 1; k < p; ++k) {
+            r[j][k] = sums[j][k] / (deviation[j] * n * deviation[k]);
+            r[k][j] = sums[j][k] / (deviation[k] * n * deviation[j]);
+        }
+    }
+}
+
+PELMORA_VECTOR_CLONES
+void standardiseColumns(const RawData& data, const double* mean, const double* scale)
+{
+    for (int i = 0; i < data.cases; ++i) {
+        double* __restrict row = data.x[i];
+        for (int j = 0; j < data.variables; ++j)
+            row[j] = (row[j] - mean[j]) * scale[j];
+    }
+}
+
+void standardiseRows(const RawData& data, const double* mean, const double* scale)
+{
+    for (int j = 0; j < data.variables; ++j)
+        for (int i = 0; i < data.cases; ++i)
+            data.x[j][i] = (data.x[j][i] - mean[j]) * scale[j];
+}
+
+} // namespace
+
 double** correlate(double** x, int nrows, int ncols, int flag)
 {
     const bool rowWise = flag == 1;
-    const int p = rowWise ? nrows : ncols;
-    const int n = rowWise ? ncols : nrows;
-    const auto value = [&](int variable, int i) -> double& {
-        return rowWise ? x[variable][i] : x[i][variable];
-    };
+    const RawData data{x, rowWise, rowWise ? nrows : ncols, rowWise ? ncols : nrows};
+    const int p = data.variables;
+    const int n = data.cases;
 
     Vector mean(p);
-    Vector var(p);
-    if (mean.isNull() || var.isNull())
+    Vector deviation(p);
+    if (mean.isNull() || deviation.isNull())
+        return nullptr;
+    AlignedRows panels(AlignedRows::padded(p) / panelWidth, casesPerBlock * panelWidth);
+    AlignedRows sums(AlignedRows::padded(p), p);
+    if (panels.isNull() || sums.isNull())
         return nullptr;
     double** r = matrix(0, p - 1, 0, p - 1);
     if (!r)
         return nullptr;
 
-    for (int j = 0; j < p; ++j) {
-        double sum = 0.0;
-        for (int i = 0; i < n; ++i)
-            sum += value(j, i);
-        // Row-wise data divide by the number of variables, on purpose.
-        mean[j] = sum / (rowWise ? p : n);
-    }
-    for (int j = 0; j < p; ++j) {
-        double sum = 0.0;
-        for (int i = 0; i < n; ++i)
-            sum += (value(j, i) - mean[j]) * (value(j, i) - mean[j]);
-        var[j] = sum / n;
-    }
+    findMeans(data, mean.data());
+    sumProducts(data, mean.data(), panels, sums);
     for (int j = 0; j < p; ++j)
-        for (int k = 0; k < p; ++k) {
-            double sum = 0.0;
-            for (int i = 0; i < n; ++i)
-                sum += (value(j, i) - mean[j]) * (value(k, i) - mean[k]);
-            r[j][k] = j == k ? 1.0 : sum / (std::sqrt(var[j]) * n * std::sqrt(var[k]));
-        }
-    for (int j = 0; j < p; ++j) {
-        const double scale = 1.0 / std::sqrt(var[j]);
-        for (int i = 0; i < n; ++i)
-            value(j, i) = (value(j, i) - mean[j]) * scale;
-    }
+        deviation[j] = std::sqrt(sums[j][j] / n);
+    divideSums(sums, deviation.data(), p, n, r);
+
+    for (double& value : deviation)
+        value = 1.0 / value;
+    if (rowWise)
+        standardiseRows(data, mean.data(), deviation.data());
+    else
+        standardiseColumns(data, mean.data(), deviation.data());
     return r;
 }
 

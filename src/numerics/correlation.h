@@ -3,13 +3,13 @@
 
 #pragma once
 
-namespace pelmora
-{
+namespace pelmora {
 
 /// Pearson correlations of all variables, standardising the data on the way.
 /// @param x     nrows x ncols raw data; z-scores (divisor n) afterwards
 /// @param flag  1: variables are rows, cases are columns; otherwise variables are columns
-/// @returns a new p x p matrix (p variables) that the caller frees with free_matrix(), or null after
+/// @returns a new p x p matrix (p variables) that the caller frees with free_matrix(), or null
+/// after
 ///          a reported allocation failure (the data then stay as they are)
 /// Means, variances and cross products divide by n, the number of cases; only the mean of row-wise
 /// data divides by p, the number of variables, on purpose. A variable without variance gives NaN.

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace pelmora
-{
+namespace pelmora {
 
 /// Shows one message of the numerical core to the user and returns.
 using ErrorReport = void (*)(const char* text);

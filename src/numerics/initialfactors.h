@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace pelmora
-{
+namespace pelmora {
 
 /// Unrotated principal-component loadings: l[i][j] = sqrt(|d[j]|) * v[i][j].
 /// @param d  n eigenvalues, sorted; a negative one gives a real loading by its magnitude

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace pelmora
-{
+namespace pelmora {
 
 /// Allocates a vector of doubles valid for indices nl..nh; contents uninitialised.
 /// On failure reports "allocation failure in dvector()" and returns null.

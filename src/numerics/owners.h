@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace pelmora
-{
+namespace pelmora {
 
 /// Owns one dvector(0, size - 1). Move-only; contents start uninitialised.
 /// isNull() tells a failed allocation (already reported) or a default-constructed owner.

@@ -1,23 +1,102 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+// Sums stay in registers: eight rows of the result against four of its columns, which share every
+// row of B that is fetched. Each sum runs through k in order, and rows and columns that are left
+// over take the same way one by one.
+
 #include "numerics/product.h"
 
+#include "numerics/lanes.h"
+
 namespace pelmora {
+
+namespace {
+
+constexpr int tileHeight = 8;
+
+struct Operands
+{
+    double** c;
+    const double* const* a;
+    const double* const* b;
+    int terms;
+};
+
+template <bool Transposed>
+PELMORA_ALWAYS_INLINE double factor(const Operands& m, int i, int k)
+{
+    return Transposed ? m.a[k][i] : m.a[i][k];
+}
+
+/// Columns j to j + 3 of some rows.
+template <bool Transposed, int Rows>
+PELMORA_ALWAYS_INLINE void fourColumns(const Operands& m, int i, int j)
+{
+    Lanes sum[Rows] = {};
+    for (int k = 0; k < m.terms; ++k) {
+        const Lanes b = lanesAt(m.b[k] + j);
+        for (int row = 0; row < Rows; ++row)
+            sum[row] += factor<Transposed>(m, i + row, k) * b;
+    }
+    for (int row = 0; row < Rows; ++row)
+        lanesAt(m.c[i + row] + j) = sum[row];
+}
+
+template <bool Transposed, int Rows>
+PELMORA_ALWAYS_INLINE void oneColumn(const Operands& m, int i, int j)
+{
+    double sum[Rows] = {};
+    for (int k = 0; k < m.terms; ++k) {
+        const double b = m.b[k][j];
+        for (int row = 0; row < Rows; ++row)
+            sum[row] += factor<Transposed>(m, i + row, k) * b;
+    }
+    for (int row = 0; row < Rows; ++row)
+        m.c[i + row][j] = sum[row];
+}
+
+template <bool Transposed, int Rows>
+PELMORA_ALWAYS_INLINE void someRows(const Operands& m, int i, int columns)
+{
+    int j = 0;
+    for (; j + lanes <= columns; j += lanes)
+        fourColumns<Transposed, Rows>(m, i, j);
+    for (; j < columns; ++j)
+        oneColumn<Transposed, Rows>(m, i, j);
+}
+
+template <bool Transposed>
+PELMORA_ALWAYS_INLINE void allRows(const Operands& m, int rows, int columns)
+{
+    int i = 0;
+    for (; i + tileHeight <= rows; i += tileHeight)
+        someRows<Transposed, tileHeight>(m, i, columns);
+    for (; i < rows; ++i)
+        someRows<Transposed, 1>(m, i, columns);
+}
+
+PELMORA_VECTOR_CLONES
+void multiplyPlain(const Operands& m, int rows, int columns)
+{
+    allRows<false>(m, rows, columns);
+}
+
+PELMORA_VECTOR_CLONES
+void multiplyTransposed(const Operands& m, int rows, int columns)
+{
+    allRows<true>(m, rows, columns);
+}
+
+} // namespace
 
 void multiply(double** c, const double* const* a, int flag, const double* const* b, int r, int p,
               int q)
 {
-    const bool transposed = flag == 1;
-    const int rows = transposed ? p : r;
-    const int terms = transposed ? r : p;
-    for (int i = 0; i < rows; ++i)
-        for (int j = 0; j < q; ++j) {
-            double sum = 0.0;
-            for (int k = 0; k < terms; ++k)
-                sum += (transposed ? a[k][i] : a[i][k]) * b[k][j];
-            c[i][j] = sum;
-        }
+    if (flag == 1)
+        multiplyTransposed({c, a, b, r}, p, q);
+    else
+        multiplyPlain({c, a, b, p}, r, q);
 }
 
 } // namespace pelmora

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace pelmora
-{
+namespace pelmora {
 
 /// Matrix product into @p c, which the caller has allocated; every element is summed from 0.0 in
 /// increasing k.
