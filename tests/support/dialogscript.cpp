@@ -46,9 +46,9 @@ void DialogScript::cancelFile()
     m_fileAnswers.enqueue([](QDialog* dialog) { dialog->reject(); });
 }
 
-void DialogScript::onDialog(std::function<void(QDialog*)> answer)
+void DialogScript::onDialog(const std::function<void(QDialog*)>& answer)
 {
-    m_dialogAnswers.enqueue(std::move(answer));
+    m_dialogAnswers.enqueue(answer);
 }
 
 QStringList DialogScript::takeRecord()

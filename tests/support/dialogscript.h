@@ -26,7 +26,7 @@ public:
     void cancelFile();
     /// Hands the next dialog of any other kind (or an unprepared file dialog) to @p answer, which
     /// must end it.
-    void onDialog(std::function<void(QDialog*)> answer);
+    void onDialog(const std::function<void(QDialog*)>& answer);
 
     /// What appeared, in order: "title|text" for a message box, "caption|proposed file|filter" for
     /// a file dialog, "title" for any other; cleared by the call.
