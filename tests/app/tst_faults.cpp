@@ -131,7 +131,7 @@ void TestFaults::strangeInputFiles_data()
         << QByteArray("1 ").repeated(4 << 20) + "\n1 2\n"
         << QString();
     QByteArray junk;
-    for (int i = 0; i < 20000; ++i)
+    for (unsigned i = 0; i < 20000; ++i)
         junk += static_cast<char>(i * i * 31 + i / 7);
     QTest::newRow("junk") << junk << QString();
 }
