@@ -13,7 +13,8 @@ namespace {
 constexpr double textGap = 4.0;
 constexpr int textMargin = 4;
 
-/// Cuts towards zero; lengths beyond every screen are bounded, since they might not fit an int.
+/// Cuts towards zero; lengths beyond every screen are bounded, since they might not fit an int. For
+/// the same reason lengths are added up as doubles: a setting may hold any number.
 int truncated(double length)
 {
     constexpr double bound = 1e6;
@@ -46,14 +47,14 @@ QPoint DiagramGeometry::textOrigin(double rowMaximum, double columnMaximum, QPoi
 {
     const int halfHeight = textHeight / 2;
     const int halfWidth = textWidth / 2;
-    return {truncated(diameter(columnMaximum) + textGap + (corner.x() + edgeX) + textCircleOffset +
-                      halfHeight),
-            truncated(0.5 * diameter(rowMaximum) + (corner.y() + edgeY) + halfWidth)};
+    return {truncated(diameter(columnMaximum) + textGap + (double(corner.x()) + edgeX) +
+                      textCircleOffset + halfHeight),
+            truncated(0.5 * diameter(rowMaximum) + (double(corner.y()) + edgeY) + halfWidth)};
 }
 
 QSize DiagramGeometry::cellSize(double rowMaximum, double columnMaximum) const
 {
     return {
-        truncated(2 * edgeX + textGap + textHeight + textCircleOffset + diameter(columnMaximum)),
-        std::max(truncated(2 * edgeY + diameter(rowMaximum)), textWidth + textMargin)};
+        truncated(2.0 * edgeX + textGap + textHeight + textCircleOffset + diameter(columnMaximum)),
+        std::max(truncated(2.0 * edgeY + diameter(rowMaximum)), textWidth + textMargin)};
 }
