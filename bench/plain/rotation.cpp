@@ -5,6 +5,7 @@
 
 #include "numerics/owners.h"
 #include "numerics/rotation.h"
+#include "numerics/rotationdriver.h"
 
 #include <cmath>
 #include <cstdint>
@@ -56,48 +57,127 @@ void copyBack(const double* const* work, double** l, int j, int k, int p)
     }
 }
 
-bool isWorse(double trial, double current, int method)
+/// Shares nothing but the course of the sweeps with the fast form.
+struct Sweeps
 {
-    if (method == VarimaxRotation)
-        return trial < current;
-    return method == PelmoraRotation && trial > current;
-}
+    double** l;
+    double** b;
+    const int m;
+    const int p;
+    const int method;
+    Matrix workL{p, 2};
+    Matrix workB{p, 2};
 
-double sweep(double** l, double** b, int m, int p, int method, bool methodAware)
-{
-    Matrix workL(p, 2);
-    Matrix workB(p, 2);
-    if (workL.isNull() || workB.isNull())
-        return std::nan("");
-    double criterion = 0.0;
-    for (int j = 0; j < m - 1; ++j) {
-        for (int k = j + 1; k < m; ++k) {
-            double angle1 = 0.0;
-            double angle2 = 0.0;
-            pair_angles(l, j, k, p, angle1, angle2);
-            double angle = angle1;
+    bool isBetter(double criterion, double other) const
+    {
+        if (method == VarimaxRotation)
+            return criterion > other;
+        return method == PelmoraRotation && criterion < other;
+    }
+
+    double total() const
+    {
+        double sum = 0.0;
+        for (int j = 0; j < m; ++j)
+            sum += plain::column_criterion(l, j, p);
+        return sum;
+    }
+
+    double currentCriterion(int j, int k) const
+    {
+        return plain::column_criterion(l, j, p) + plain::column_criterion(l, k, p);
+    }
+
+    double trialCriterion() const
+    {
+        const double* const* work = workL.rowPointers();
+        return plain::column_criterion(work, 0, p) + plain::column_criterion(work, 1, p);
+    }
+
+    void turnInto(int j, int k, double angle)
+    {
+        rotateInto(workL.rowPointers(), l, j, k, p, angle);
+        rotateInto(workB.rowPointers(), b, j, k, p, angle);
+    }
+
+    void take(int j, int k)
+    {
+        copyBack(workL.rowPointers(), l, j, k, p);
+        copyBack(workB.rowPointers(), b, j, k, p);
+    }
+
+    bool turnByMethod(int j, int k, double angle1, double angle2)
+    {
+        if (staysPut(l, j, k, p, angle1))
+            return false;
+        turnInto(j, k, angle1);
+        if (isBetter(currentCriterion(j, k), trialCriterion())) {
+            if (staysPut(l, j, k, p, angle2))
+                return false;
+            turnInto(j, k, angle2);
+        }
+        return true;
+    }
+
+    bool turnToNearest(int j, int k, double angle1)
+    {
+        if (staysPut(l, j, k, p, angle1))
+            return false;
+        turnInto(j, k, angle1);
+        return true;
+    }
+
+    bool turnToImprove(int j, int k, double angle1, double angle2)
+    {
+        for (double angle : {angle1, angle2}) {
             if (staysPut(l, j, k, p, angle))
                 continue;
-            rotateInto(workL.rowPointers(), l, j, k, p, angle);
-            if (methodAware) {
-                const double current = column_criterion(l, j, p) + column_criterion(l, k, p);
-                const double trial = column_criterion(workL.rowPointers(), 0, p) +
-                                     column_criterion(workL.rowPointers(), 1, p);
-                if (isWorse(trial, current, method)) {
-                    angle = angle2;
-                    if (staysPut(l, j, k, p, angle))
-                        continue;
-                    rotateInto(workL.rowPointers(), l, j, k, p, angle);
-                }
-            }
-            rotateInto(workB.rowPointers(), b, j, k, p, angle);
-            copyBack(workL.rowPointers(), l, j, k, p);
-            copyBack(workB.rowPointers(), b, j, k, p);
+            turnInto(j, k, angle);
+            if (isBetter(trialCriterion(), currentCriterion(j, k)))
+                return true;
         }
-        criterion += column_criterion(l, j, p);
+        return false;
     }
-    return criterion + column_criterion(l, m, p);
-}
+
+    template <typename Choice>
+    double sweep(Choice choice)
+    {
+        if (workL.isNull() || workB.isNull())
+            return std::nan("");
+        double criterion = 0.0;
+        for (int j = 0; j < m - 1; ++j) {
+            for (int k = j + 1; k < m; ++k) {
+                double angle1 = 0.0;
+                double angle2 = 0.0;
+                plain::pair_angles(l, j, k, p, angle1, angle2);
+                if (choice(j, k, angle1, angle2))
+                    take(j, k);
+            }
+            criterion += plain::column_criterion(l, j, p);
+        }
+        return criterion + plain::column_criterion(l, m, p);
+    }
+
+    double methodAwareSweep()
+    {
+        return sweep([this](int j, int k, double angle1, double angle2) {
+            return turnByMethod(j, k, angle1, angle2);
+        });
+    }
+
+    double plainSweep()
+    {
+        return sweep(
+            [this](int j, int k, double angle1, double) { return turnToNearest(j, k, angle1); });
+    }
+
+    void improvingSweep()
+    {
+        sweep([this](int j, int k, double angle1, double angle2) {
+            return turnToImprove(j, k, angle1, angle2);
+        });
+    }
+};
 
 } // namespace
 
@@ -146,23 +226,16 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
 
 double rotation_sweep(double** l, double** b, int m, int p, int method)
 {
-    return sweep(l, b, m, p, method, true);
+    Sweeps sweeps{l, b, m, p, method};
+    return sweeps.methodAwareSweep();
 }
 
 void rotate(double** l, double** b, int m, int p, int method)
 {
     if (m <= 1)
         return;
-    const double c1 = rotation_sweep(l, b, m, p, method);
-    double previous = rotation_sweep(l, b, m, p, method);
-    if (std::fabs(c1 - previous) <= 1e-12)
-        return;
-    double difference = 0.0;
-    do {
-        const double criterion = sweep(l, b, m, p, method, false);
-        difference = std::fabs(previous - criterion);
-        previous = criterion;
-    } while (difference > 1e-12);
+    Sweeps sweeps{l, b, m, p, method};
+    driveRotation(sweeps, m, p);
 }
 
 } // namespace pelmora::plain

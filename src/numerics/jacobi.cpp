@@ -1,9 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+// The course of the sweeps; jacobirows.cpp and jacobiblocks.cpp hold the two forms of a sweep,
+// which give the same bits. Every element takes part in the rotations of its row and of its column
+// in the order of the textbook's loops.
+
 #include "numerics/jacobi.h"
 
+#include "numerics/alignedrows.h"
 #include "numerics/errorreport.h"
+#include "numerics/jacobisweeps.h"
 #include "numerics/owners.h"
 
 #include <algorithm>
@@ -16,48 +22,66 @@ namespace pelmora {
 
 namespace {
 
-bool negligible(double x, double y)
+/// From here on blocks of rotations are the quicker form.
+constexpr int manyVariables = 80;
+constexpr int sweepLimit = 500;
+
+void fillWithNan(int n, double* d, double** v)
 {
-    return x + y == y;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    std::fill_n(d, n, nan);
+    for (int i = 0; i < n; ++i)
+        std::fill_n(v[i], n, nan);
 }
 
-double offDiagonalSum(const double* const* a, int n)
+/// Only the upper triangle of a is read. The vectors start as its diagonal, on purpose.
+void start(JacobiState& state, const double* const* a, double* b)
+{
+    for (int i = 0; i < state.n; ++i) {
+        for (int j = i + 1; j < state.n; ++j)
+            state.matrix[i][j] = state.matrix[j][i] = a[i][j];
+        state.vectors[i][i] = b[i] = state.d[i] = a[i][i];
+        state.z[i] = 0.0;
+    }
+}
+
+/// Gives a what a sweep in place would have left above its diagonal, and v the vectors as columns.
+void finish(const JacobiState& state, double** a, double** v)
+{
+    for (int i = 0; i < state.n; ++i) {
+        std::copy_n(state.matrix[i] + i + 1, state.n - i - 1, a[i] + i + 1);
+        for (int j = 0; j < state.n; ++j)
+            v[j][i] = state.vectors[i][j];
+    }
+}
+
+double offDiagonalSum(const AlignedRows& matrix, int n)
 {
     double sum = 0.0;
     for (int i = 0; i < n - 1; ++i)
         for (int j = i + 1; j < n; ++j)
-            sum += std::fabs(a[i][j]);
+            sum += std::fabs(matrix[i][j]);
     return sum;
 }
 
-double rotationTangent(double g, double h)
+/// Sweeps until nothing is left above the diagonal; false when that never came.
+template <typename Sweep>
+bool iterate(JacobiState& state, double* b, Sweep sweep)
 {
-    if (h == 0.0)
-        return 1.0;
-    if (negligible(g, h))
-        return g / h;
-    const double theta = h / (2.0 * g);
-    return (theta < 0.0 ? -1.0 : 1.0) / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
-}
-
-void rotatePair(double& g, double& h, double s, double tau)
-{
-    const double g0 = g;
-    const double h0 = h;
-    g = g0 - s * (h0 + g0 * tau);
-    h = h0 + s * (g0 - h0 * tau);
-}
-
-void rotatePlane(double** a, double** v, int n, int ip, int iq, double s, double tau)
-{
-    for (int j = 0; j < ip; ++j)
-        rotatePair(a[j][ip], a[j][iq], s, tau);
-    for (int j = ip + 1; j < iq; ++j)
-        rotatePair(a[ip][j], a[j][iq], s, tau);
-    for (int j = iq + 1; j < n; ++j)
-        rotatePair(a[ip][j], a[iq][j], s, tau);
-    for (int j = 0; j < n; ++j)
-        rotatePair(v[j][ip], v[j][iq], s, tau);
+    const int n = state.n;
+    while (++state.sweep < sweepLimit) {
+        const double sum = offDiagonalSum(state.matrix, n);
+        if (sum == 0.0)
+            return true;
+        state.threshold = state.sweep < 4 ? 0.02 * sum / double(std::int64_t(n) * n) : 0.0;
+        sweep(state);
+        for (int i = 0; i < n; ++i) {
+            b[i] += state.z[i];
+            state.d[i] = b[i];
+            state.z[i] = 0.0;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -66,52 +90,23 @@ int jacobi(double** a, int n, double* d, double** v)
 {
     Vector b(n);
     Vector z(n);
-    if (b.isNull() || z.isNull()) {
-        const double nan = std::numeric_limits<double>::quiet_NaN();
-        std::fill_n(d, n, nan);
-        for (int i = 0; i < n; ++i)
-            std::fill_n(v[i], n, nan);
+    AlignedRows matrix(AlignedRows::padded(n), n);
+    AlignedRows vectors(n, n);
+    const bool many = n >= manyVariables;
+    JacobiBlockSweeper blockSweeper(many ? n : 0);
+    if (b.isNull() || z.isNull() || matrix.isNull() || vectors.isNull() || blockSweeper.isNull()) {
+        fillWithNan(n, d, v);
         return 0;
     }
-    for (int ip = 0; ip < n; ++ip) {
-        std::fill_n(v[ip], n, 0.0);
-        v[ip][ip] = b[ip] = d[ip] = a[ip][ip];
-        z[ip] = 0.0;
-    }
-    int rotations = 0;
-    for (int sweep = 1; sweep < 500; ++sweep) {
-        const double sm = offDiagonalSum(a, n);
-        if (sm == 0.0)
-            return rotations;
-        const double tresh = sweep < 4 ? 0.02 * sm / double(std::int64_t(n) * n) : 0.0;
-        for (int ip = 0; ip < n - 1; ++ip)
-            for (int iq = ip + 1; iq < n; ++iq) {
-                const double g = a[ip][iq];
-                if (sweep > 4 && negligible(g, d[ip]) && negligible(g, d[iq])) {
-                    a[ip][iq] = 0.0;
-                } else if (std::fabs(g) > tresh) {
-                    const double t = rotationTangent(g, d[iq] - d[ip]);
-                    const double c = 1.0 / std::sqrt(t * t + 1.0);
-                    const double s = t * c;
-                    const double tau = s / (1.0 + c);
-                    const double shift = t * g;
-                    z[ip] -= shift;
-                    z[iq] += shift;
-                    d[ip] -= shift;
-                    d[iq] += shift;
-                    a[ip][iq] = 0.0;
-                    rotatePlane(a, v, n, ip, iq, s, tau);
-                    ++rotations;
-                }
-            }
-        for (int ip = 0; ip < n; ++ip) {
-            b[ip] += z[ip];
-            d[ip] = b[ip];
-            z[ip] = 0.0;
-        }
-    }
-    reportError("Error: no convergence in finding eigen values.");
-    return rotations;
+    JacobiState state{n, matrix, vectors, d, z.data()};
+    start(state, a, b.data());
+    const bool converged =
+        many ? iterate(state, b.data(), [&](JacobiState& s) { blockSweeper.sweep(s); })
+             : iterate(state, b.data(), sweepByRows);
+    finish(state, a, v);
+    if (!converged)
+        reportError("Error: no convergence in finding eigen values.");
+    return state.rotations;
 }
 
 void sort_eigenpairs(double* d, double** v, int n)

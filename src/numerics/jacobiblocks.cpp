@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+// The sweep for large matrices, which lives on touching memory less. The rotations of one ip are
+// found eight at a time, from the few elements where their rows and columns meet. Then a strip of
+// the row of ip is kept in registers while the eight rows run past it, so that a visit costs one
+// load and one store. The eight columns that mirror the rows are written together, a cache line per
+// row, and only below ip: what lies above waits for the end of the sweep, since nobody reads it
+// before. Rotations never read eigenvectors, so these wait until several ip can be applied to a
+// strip of them that stays in the cache.
+
+#include "numerics/jacobisweeps.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace pelmora {
+
+namespace {
+
+constexpr int blockSize = 8;
+constexpr int stripLength = 32;
+constexpr int heldBack = 8;
+
+/// A rotation with the row that it turns against that of ip.
+struct Turn
+{
+    PlaneRotation rotation;
+    std::int64_t iq;
+};
+static_assert(sizeof(Turn) == 3 * sizeof(double));
+
+template <int Vectors>
+PELMORA_ALWAYS_INLINE void turnStrip(double* ipRow, double* firstRow, std::ptrdiff_t stride,
+                                     const Turn* turns, int count)
+{
+    Lanes x[Vectors];
+    for (int i = 0; i < Vectors; ++i)
+        x[i] = lanesAt(ipRow + i * lanes);
+    for (const Turn* turn = turns; turn != turns + count; ++turn) {
+        const PlaneRotation rotation = turn->rotation;
+        double* y = firstRow + turn->iq * stride;
+        for (int i = 0; i < Vectors; ++i)
+            rotatePair(x[i], lanesAt(y + i * lanes), rotation);
+    }
+    for (int i = 0; i < Vectors; ++i)
+        lanesAt(ipRow + i * lanes) = x[i];
+}
+
+/// Applies turns, in their order, to the columns from @p first up to @p end (multiples of eight).
+PELMORA_VECTOR_CLONES
+void turnColumns(AlignedRows& rows, int ip, const Turn* turns, int count, int first, int end)
+{
+    int column = first;
+    for (; column + stripLength <= end; column += stripLength)
+        turnStrip<8>(rows[ip] + column, rows[0] + column, rows.stride(), turns, count);
+    double* x = rows[ip] + column;
+    double* start = rows[0] + column;
+    switch ((end - column) / blockSize) {
+    case 3:
+        return turnStrip<6>(x, start, rows.stride(), turns, count);
+    case 2:
+        return turnStrip<4>(x, start, rows.stride(), turns, count);
+    case 1:
+        return turnStrip<2>(x, start, rows.stride(), turns, count);
+    }
+}
+
+/// Writes the transpose of four rows of four.
+PELMORA_ALWAYS_INLINE void transposeFour(const double* from, double* to, std::ptrdiff_t stride)
+{
+    const Lanes a = lanesAt(from);
+    const Lanes b = lanesAt(from + stride);
+    const Lanes c = lanesAt(from + 2 * stride);
+    const Lanes d = lanesAt(from + 3 * stride);
+    const Lanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
+    const Lanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
+    const Lanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
+    const Lanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
+    lanesAt(to) = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
+    lanesAt(to + stride) = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
+    lanesAt(to + 2 * stride) = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
+    lanesAt(to + 3 * stride) = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
+}
+
+/// Copies the eight rows of a block, from column @p first up to @p end, into the columns that
+/// mirror them.
+PELMORA_VECTOR_CLONES
+void mirrorBlock(AlignedRows& rows, int block, int first, int end)
+{
+    for (int column = first; column < end; column += lanes)
+        for (int half = 0; half < blockSize; half += lanes)
+            transposeFour(rows[block + half] + column, rows[column] + block + half, rows.stride());
+}
+
+/// The elements where the rows and columns of a block meet, and those of row ip above them.
+struct Crossing
+{
+    double x[blockSize];
+    double y[blockSize][blockSize];
+};
+
+void fetchCrossing(AlignedRows& rows, int ip, int block, Crossing& crossing)
+{
+    std::copy_n(rows[ip] + block, blockSize, crossing.x);
+    for (int i = 0; i < blockSize; ++i)
+        std::copy_n(rows[block + i] + block, blockSize, crossing.y[i]);
+}
+
+/// Finds the rotations of ip with the rows from @p first up to @p end, all in one block, and
+/// carries them out on the crossing alone.
+int findTurns(JacobiState& state, int ip, int block, int first, int end, Crossing& crossing,
+              Turn* turns)
+{
+    int count = 0;
+    for (int iq = first; iq < end; ++iq) {
+        const int q = iq - block;
+        const double g = crossing.x[q];
+        if (isDropped(state, g, ip, iq)) {
+            crossing.x[q] = 0.0;
+        } else if (std::fabs(g) > state.threshold) {
+            const PlaneRotation rotation = startRotation(state, g, ip, iq);
+            for (int j = 0; j < blockSize; ++j)
+                rotatePair(crossing.x[j], crossing.y[q][j], rotation);
+            crossing.x[q] = crossing.y[q][q] = 0.0;
+            for (int j = 0; j < blockSize; ++j)
+                crossing.y[j][q] = crossing.y[q][j];
+            turns[count++] = {rotation, iq};
+        }
+    }
+    return count;
+}
+
+/// All rotations of ip with the rows of one block; returns their number.
+int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
+{
+    AlignedRows& rows = state.matrix;
+    const int firstBlock = (ip + 1) / blockSize * blockSize;
+    const int width = AlignedRows::padded(state.n);
+    const int first = std::max(block, ip + 1);
+    const int end = std::min(block + blockSize, state.n);
+
+    Crossing crossing;
+    fetchCrossing(rows, ip, block, crossing);
+    const int count = findTurns(state, ip, block, first, end, crossing, turns);
+    if (count > 0) {
+        turnColumns(rows, ip, turns, count, 0, width);
+        for (int iq = first; iq < block + blockSize; ++iq)
+            std::copy_n(crossing.y[iq - block], blockSize, rows[iq] + block);
+        mirrorBlock(rows, block, firstBlock, block);
+        mirrorBlock(rows, block, block + blockSize, width);
+    }
+    std::copy_n(crossing.x, blockSize, rows[ip] + block);
+    rows[ip][ip] = 0.0;
+    return count;
+}
+
+/// The turns of several successive ip.
+struct HeldTurns
+{
+    Turn* turns[heldBack];
+    int count[heldBack];
+    int firstIp = 0;
+    int size = 0;
+};
+
+void turnEigenvectors(JacobiState& state, HeldTurns& held)
+{
+    const int width = AlignedRows::padded(state.n);
+    for (int column = 0; column < width; column += stripLength)
+        for (int i = 0; i < held.size; ++i)
+            turnColumns(state.vectors, held.firstIp + i, held.turns[i], held.count[i], column,
+                        std::min(column + stripLength, width));
+    held.firstIp += held.size;
+    held.size = 0;
+}
+
+} // namespace
+
+JacobiBlockSweeper::JacobiBlockSweeper(int n)
+    : m_turns(heldBack, n * int(sizeof(Turn) / sizeof(double)))
+{
+}
+
+void JacobiBlockSweeper::sweep(JacobiState& state)
+{
+    HeldTurns held;
+    for (int i = 0; i < heldBack; ++i)
+        held.turns[i] = reinterpret_cast<Turn*>(m_turns[i]);
+
+    for (int ip = 0; ip < state.n - 1; ++ip) {
+        Turn* turns = held.turns[held.size];
+        int count = 0;
+        for (int block = (ip + 1) / blockSize * blockSize; block < state.n; block += blockSize)
+            count += sweepBlock(state, ip, block, turns + count);
+        mirrorRow(state, ip, ip + 1);
+        held.count[held.size++] = count;
+        if (held.size == heldBack)
+            turnEigenvectors(state, held);
+    }
+    turnEigenvectors(state, held);
+    mirrorLowerTriangle(state);
+}
+
+} // namespace pelmora

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cmath>
+#include <utility>
+
+namespace pelmora {
+
+/// The sums over the rows of a pair of columns x, y, with u = x^2 - y^2 and w = x y, that its
+/// angles are made of.
+struct PairSums
+{
+    double A; ///< of u
+    double W; ///< of w
+    double C; ///< of u w
+    double E; ///< of -u^2 / 2 + 2 w^2
+};
+
+/// (b - q) and (b + q) are the tangents of twice the stationary angles.
+struct PairTangents
+{
+    double b;
+    double q;
+};
+
+inline PairTangents pairTangents(const PairSums& sums, int p)
+{
+    const auto [A, W, C, E] = sums;
+    const double D = A * W / p - C;
+    const double b = 0.5 * (-(A * A / (2.0 * p) + -2.0 * W * W / p + E) / D);
+    // The quotient is -1; it is NaN for D == 0 and makes both angles so. A finished pair stays put
+    // since b - q cancels to exactly 0, so no stabler form will do.
+    return {b, std::sqrt(b * b - -D / D)};
+}
+
+/// Both stationary angles, the one nearest to zero first.
+inline std::pair<double, double> pairAngles(const PairSums& sums, int p)
+{
+    const auto [b, q] = pairTangents(sums, p);
+    const double minus = 0.5 * std::atan(b - q);
+    const double plus = 0.5 * std::atan(b + q);
+    return std::fabs(minus) > std::fabs(plus) ? std::pair(plus, minus) : std::pair(minus, plus);
+}
+
+/// The first of both angles. Mostly the sign of b tells which one that is, and one arc tangent will
+/// do: the two then differ by much more than its error.
+inline double nearestAngle(const PairSums& sums, int p)
+{
+    const auto [b, q] = pairTangents(sums, p);
+    const double size = std::fabs(b);
+    if (size > 1e-3 && size < 1e100)
+        return 0.5 * std::atan(b < 0.0 ? b + q : b - q);
+    return pairAngles(sums, p).first;
+}
+
+} // namespace pelmora
