@@ -10,6 +10,7 @@ declare -A packages=(
     [wayland]="qt6-wayland"
     [format]="clang-format-14"
     [lint]="clang-tidy-14 shellcheck"
+    [fuzz]="clang libclang-rt-dev"
     [bench]="libbenchmark-dev"
     [package]="dpkg-dev file desktop-file-utils appstream lintian"
     [artwork]="librsvg2-bin fonts-dejavu-core"
