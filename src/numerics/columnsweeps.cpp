@@ -74,7 +74,7 @@ double ColumnSweeps::total() const
 {
     double sum = 0.0;
     for (int j = 0; j < m_factors; ++j)
-        sum += columnCriterion(m_l[j], m_variables);
+        sum += criterionOf(j);
     return sum;
 }
 
@@ -99,10 +99,20 @@ std::optional<ColumnTurn> ColumnSweeps::nearestTurn(const PairSums& sums, int j,
     return turnBy(nearestAngle(sums, m_variables), j, k);
 }
 
+double ColumnSweeps::criterionOf(int j) const
+{
+    return columnCriteria(m_l[j], m_l[j], m_variables).x;
+}
+
+double ColumnSweeps::criterionOf(int j, int k) const
+{
+    return columnCriteria(m_l[j], m_l[k], m_variables).sum();
+}
+
 double ColumnSweeps::trialOf(ColumnTurn turn, int j, int k)
 {
     turnColumnsInto(m_l[j], m_l[k], m_variables, turn, m_work[0], m_work[1]);
-    return pairCriterion(m_work[0], m_work[1], m_variables);
+    return columnCriteria(m_work[0], m_work[1], m_variables).sum();
 }
 
 /// The angle not taken is never looked at: of the two, one is the maximum and the other the
@@ -111,14 +121,14 @@ std::optional<ColumnTurn> ColumnSweeps::methodAwareTurn(int j, int k)
 {
     const auto [angle1, angle2] = pairAngles(pairSums(m_l[j], m_l[k], m_variables), m_variables);
     const std::optional<ColumnTurn> first = turnBy(angle1, j, k);
-    if (first && isBetter(pairCriterion(m_l[j], m_l[k], m_variables), trialOf(*first, j, k)))
+    if (first && isBetter(criterionOf(j, k), trialOf(*first, j, k)))
         return turnBy(angle2, j, k);
     return first;
 }
 
 std::optional<ColumnTurn> ColumnSweeps::improvingTurn(int j, int k)
 {
-    const double current = pairCriterion(m_l[j], m_l[k], m_variables);
+    const double current = criterionOf(j, k);
     const auto [angle1, angle2] = pairAngles(pairSums(m_l[j], m_l[k], m_variables), m_variables);
     for (double angle : {angle1, angle2}) {
         const std::optional<ColumnTurn> turn = turnBy(angle, j, k);
@@ -141,9 +151,9 @@ double ColumnSweeps::methodAwareSweep()
         for (int k = j + 1; k < m_factors; ++k)
             if (const auto best = methodAwareTurn(j, k))
                 turn(j, k, *best);
-        criterion += columnCriterion(m_l[j], m_variables);
+        criterion += criterionOf(j);
     }
-    return criterion + columnCriterion(m_l[m_factors], m_variables);
+    return criterion + criterionOf(m_factors);
 }
 
 void ColumnSweeps::improvingSweep()
@@ -166,12 +176,12 @@ void ColumnSweeps::turnToNearest(int j, int k)
 void ColumnSweeps::advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums)
 {
     const int p = m_variables;
-    const double* next = k + 1 < m_factors ? m_l[k + 1] : m_work[2];
     const auto first = nearestTurn(sums, j, k);
     const auto second = otherSums ? nearestTurn(*otherSums, j + 1, k - 1) : std::nullopt;
+    const TwoPairs pairs{m_l[j], m_l[k], m_l[j + 1], m_l[k - 1],
+                         k + 1 < m_factors ? m_l[k + 1] : m_work[2]};
     if (first && second) {
-        turnTwoPairs({m_l[j], m_l[k], m_l[j + 1], m_l[k - 1], next}, p, *first, *second, sums,
-                     *otherSums);
+        turnTwoPairs(pairs, p, *first, *second, sums, *otherSums);
         turnColumns(m_b[j], m_b[k], p, *first);
         turnColumns(m_b[j + 1], m_b[k - 1], p, *second);
         return;
@@ -180,8 +190,7 @@ void ColumnSweeps::advance(int j, int k, PairSums& sums, std::optional<PairSums>
         turn(j, k, *first);
     if (second)
         turn(j + 1, k - 1, *second);
-    sums = pairSums(m_l[j], next, p);
-    otherSums = pairSums(m_l[j + 1], m_l[k], p);
+    sumTwoPairs(pairs, p, sums, otherSums.emplace());
 }
 
 void ColumnSweeps::refineTwoFactors(int j)
@@ -201,14 +210,15 @@ double ColumnSweeps::plainSweep()
     int j = 0;
     for (; j + 2 < m_factors; j += 2) {
         refineTwoFactors(j);
-        criterion += columnCriterion(m_l[j], m_variables);
-        criterion += columnCriterion(m_l[j + 1], m_variables);
+        const Criteria criteria = columnCriteria(m_l[j], m_l[j + 1], m_variables);
+        criterion += criteria.x;
+        criterion += criteria.y;
     }
     if (j + 1 < m_factors) {
         turnToNearest(j, j + 1);
-        criterion += columnCriterion(m_l[j], m_variables);
+        criterion += criterionOf(j);
     }
-    return criterion + columnCriterion(m_l[m_factors], m_variables);
+    return criterion + criterionOf(m_factors);
 }
 
 } // namespace pelmora

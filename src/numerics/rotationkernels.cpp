@@ -73,24 +73,25 @@ PairSums pairSums(const double* x, const double* y, int p)
 }
 
 PELMORA_VECTOR_CLONES
-double pairCriterion(const double* x, const double* y, int p)
+void sumTwoPairs(const TwoPairs& pairs, int p, PairSums& sums, PairSums& otherSums)
+{
+    Lanes chain = {};
+    Lanes otherChain = {};
+    for (int i = 0; i < p; i += lanes) {
+        addPair(chain, lanesAt(pairs.x + i), lanesAt(pairs.next + i));
+        addPair(otherChain, lanesAt(pairs.otherX + i), lanesAt(pairs.y + i));
+    }
+    sums = pairSumsOf(chain);
+    otherSums = pairSumsOf(otherChain);
+}
+
+PELMORA_VECTOR_CLONES
+Criteria columnCriteria(const double* x, const double* y, int p)
 {
     Lanes sums = {};
     for (int i = 0; i < p; i += lanes)
         addPowers(sums, lanesAt(x + i), lanesAt(y + i));
-    return criterionOf(sums[0], sums[2], p) + criterionOf(sums[1], sums[3], p);
-}
-
-double columnCriterion(const double* x, int p)
-{
-    double squares = 0.0;
-    double fourths = 0.0;
-    for (int i = 0; i < p; ++i) {
-        const double square = x[i] * x[i];
-        squares += square;
-        fourths += square * square;
-    }
-    return criterionOf(squares, fourths, p);
+    return {criterionOf(sums[0], sums[2], p), criterionOf(sums[1], sums[3], p)};
 }
 
 PELMORA_VECTOR_CLONES

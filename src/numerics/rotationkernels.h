@@ -14,24 +14,6 @@ struct ColumnTurn
     double c;
 };
 
-// Columns are contiguous, p elements long and followed by zeros up to a multiple of four (see
-// AlignedRows). Sums run in the order of the rows, always, since the end of long rotations depends
-// on every bit of them.
-
-PairSums pairSums(const double* x, const double* y, int p);
-
-/// V(x) + V(y) with V(j) = sum(l^4) / p - sum(l^2)^2 / p^2.
-double pairCriterion(const double* x, const double* y, int p);
-
-/// V(x)
-double columnCriterion(const double* x, int p);
-
-void turnColumns(double* x, double* y, int p, ColumnTurn turn);
-
-/// Leaves the columns alone and writes the turned ones to @p newX and @p newY.
-void turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
-                     double* newY);
-
 /// Two pairs of columns that are turned in one pass, and the pairs that come next.
 struct TwoPairs
 {
@@ -41,6 +23,32 @@ struct TwoPairs
     double* otherY;
     const double* next; ///< x meets it next, while otherX meets y
 };
+
+// Columns are contiguous, p elements long and followed by zeros up to a multiple of four (see
+// AlignedRows). Sums run in the order of the rows, always, since the end of long rotations depends
+// on every bit of them.
+
+PairSums pairSums(const double* x, const double* y, int p);
+
+/// Two pairs at once: (x, next) and (otherX, y).
+void sumTwoPairs(const TwoPairs& pairs, int p, PairSums& sums, PairSums& otherSums);
+
+/// V(j) = sum(l^4) / p - sum(l^2)^2 / p^2 of two columns.
+struct Criteria
+{
+    double x;
+    double y;
+
+    double sum() const { return x + y; }
+};
+
+Criteria columnCriteria(const double* x, const double* y, int p);
+
+void turnColumns(double* x, double* y, int p, ColumnTurn turn);
+
+/// Leaves the columns alone and writes the turned ones to @p newX and @p newY.
+void turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
+                     double* newY);
 
 /// Turns both pairs, and sums up the next two from the results.
 void turnTwoPairs(const TwoPairs& pairs, int p, ColumnTurn turn, ColumnTurn otherTurn,
