@@ -138,13 +138,10 @@ bool NumberLines::makeRoom(Line& line)
     if (m_lines > 0 || m_interrupted)
         return false;
     const std::size_t kept = line.kept();
-    if (reserve(kept + 1)) {
-        setPlaces(line, kept);
-        return true;
-    }
-    line = Line();
-    line.unkept = kept;
-    return false;
+    if (!reserve(kept + 1))
+        return false;
+    setPlaces(line, kept);
+    return true;
 }
 
 void NumberLines::endLine(const Line& line, std::size_t length)
@@ -171,18 +168,18 @@ void NumberLines::reserveForText(std::size_t lineLength)
     resize((lines + lines / 32 + 1) * m_columns);
 }
 
-/// Room for so many more numbers. Without memory for them all numbers go.
+/// Room for so many more numbers. Where memory ends the block stays as it is, so that there is none
+/// for the matrix either and the user is told.
 bool NumberLines::reserve(std::size_t numbers)
 {
     const std::size_t needed = m_size + numbers;
     if (needed <= m_capacity)
         return true;
     constexpr std::size_t smallest = 8192;
-    if (resize(std::max({needed, 2 * m_capacity, smallest})) || resize(needed))
-        return true;
-    m_block.reset();
-    m_capacity = 0;
-    m_size = 0;
+    // Ever less, but never so little that there is no end of enlargements.
+    for (const std::size_t more : {m_capacity, m_capacity / 4, m_capacity / 16})
+        if (resize(std::max({needed, m_capacity + more, smallest})))
+            return true;
     m_interrupted = true;
     return false;
 }
