@@ -107,7 +107,7 @@ Matrix nearIdentity(Random& random)
 
 Matrix covariances(Random& random)
 {
-    Matrix a = answers(random, random.integer(30, 300), random.integer(3, 25));
+    Matrix a = answers(random, random.integer(30, 300), random.integer(3, 14));
     std::vector<double> deviations(std::size_t(a.rows()));
     const double spread = random.uniform(0.0, 2.0);
     const double unit = std::pow(10.0, random.uniform(-2.0, 3.0));
@@ -142,14 +142,14 @@ Matrix distances(Random& random)
 constexpr DataKind kinds[] = {
     {"survey answers, 3 to 40 variables", 25, surveyAnswers},
     {"survey answers, 41 to 120 variables", 4, longQuestionnaires},
-    {"published-like, two decimals", 16, publishedLike},
+    {"published-like, two decimals", 18, publishedLike},
     {"random, two decimals, 3 to 8 variables", 14, smallRandom},
     {"not positive semi-definite", 4, notSemiDefinite},
-    {"equal eigenvalues", 8, equalEigenvalues},
+    {"equal eigenvalues", 9, equalEigenvalues},
     {"equal blocks", 4, equalBlocks},
     {"different blocks", 4, differentBlocks},
     {"identity and almost identity", 4, nearIdentity},
-    {"covariances read as correlations", 5, covariances},
+    {"covariances read as correlations", 2, covariances},
     {"fewer cases than variables", 8, fewCases},
     {"on a line or a circle", 4, distances},
 };

@@ -33,16 +33,21 @@ PlainRotation rotatePlainly(Matrix& l, Matrix& b, int m, int method, int bound)
     return result;
 }
 
-long double relativeCriterion(const Matrix& l, int m)
+long double meanSquareCommunality(const Matrix& l, int m)
 {
-    long double unit = 0.0L;
+    long double sum = 0.0L;
     for (int i = 0; i < l.rows(); ++i) {
         long double communality = 0.0L;
         for (int j = 0; j < m; ++j)
             communality += static_cast<long double>(l[i][j]) * l[i][j];
-        unit += communality * communality;
+        sum += communality * communality;
     }
-    return totalCriterion(l, m) / (unit / l.rows());
+    return sum / l.rows();
+}
+
+long double relativeCriterion(const Matrix& l, int m)
+{
+    return totalCriterion(l, m) / meanSquareCommunality(l, m);
 }
 
 } // namespace pelmora

@@ -21,8 +21,12 @@ struct PlainRotation
 /// @param bound  the largest number of sweeps
 PlainRotation rotatePlainly(Matrix& l, Matrix& b, int m, int method, int bound);
 
-/// totalCriterion() by the mean square of the communalities. No rotation changes that, but rounding
-/// does in very many sweeps, and this takes it out again.
+/// The mean over the variables of the squared communality. The criterion is never larger, and no
+/// rotation changes it.
+long double meanSquareCommunality(const Matrix& l, int m);
+
+/// totalCriterion() by meanSquareCommunality(): takes out what rounding does to both in very many
+/// sweeps.
 long double relativeCriterion(const Matrix& l, int m);
 
 } // namespace pelmora

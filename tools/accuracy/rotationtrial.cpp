@@ -40,13 +40,13 @@ bool sameBits(const Matrix& a, const Matrix& b)
     return true;
 }
 
-double farthestPair(const Matrix& l, int m)
+double steepestPair(const Matrix& l, int m)
 {
-    double farthest = 0.0;
+    long double steepest = 0.0L;
     for (int j = 0; j < m; ++j)
         for (int k = j + 1; k < m; ++k)
-            farthest = std::max(farthest, pairPosition(l, j, k).angle());
-    return farthest;
+            steepest = std::max(steepest, std::fabs(pairPosition(l, j, k).slope));
+    return double(steepest / meanSquareCommunality(l, m));
 }
 
 } // namespace
@@ -67,7 +67,7 @@ RotationTrial tryRotation(const Matrix& allLoadings, int m, int method)
                         elapsed.count()};
     trial.madeNan = hasNan(l);
     trial.untouched = sameBits(l, plainL) && sameBits(companion, plainCompanion);
-    trial.farthestPair = farthestPair(l, m);
+    trial.steepestPair = steepestPair(l, m);
     if (!trial.plain.ended) {
         const auto [low, high] = std::minmax(trial.plain.last, trial.plain.lastButOne);
         const long double reached = relativeCriterion(l, m);

@@ -15,10 +15,11 @@ struct RotationTrial
     double seconds;         ///< of rotate() alone
     bool madeNan = false;   ///< of finite loadings
     bool untouched = false; ///< loadings and companion are the same to the bit both ways
-    /// How much worse rotate() ended than the better of the last two states without help, as a
-    /// part of the mean square of the communalities. Negative: better than both.
+    /// How much worse rotate() ended than the better of the last two states without help, by
+    /// relativeCriterion(). Negative: better than both.
     double shortfall = 0.0;
-    double farthestPair = 0.0; ///< radians from any pair to its nearest stationary angle
+    /// The largest slope of relativeCriterion() over the angle of a pair.
+    double steepestPair = 0.0;
 };
 
 /// Rotates the first @p m factors of @p allLoadings both ways.

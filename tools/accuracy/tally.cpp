@@ -15,8 +15,8 @@ namespace {
 
 /// What a difference of criteria must exceed to be more than rounding.
 constexpr double rounding = 1e-12;
-/// Radians beyond which the fourth decimal of a loading may change.
-constexpr double inPlace = 1e-4;
+/// A slope that is no longer that of a pair in place; usual are 1e-9 and less.
+constexpr double steep = 1e-6;
 
 } // namespace
 
@@ -34,7 +34,7 @@ void Tally::addRotation(const RotationTrial& trial, std::int64_t number, int m, 
     ++m_rotations;
     m_endless[method] += endless;
     m_improved += endless && trial.shortfall < -rounding;
-    m_early += !endless && trial.farthestPair > inPlace;
+    m_early += !endless && trial.steepestPair > steep;
     m_nan += trial.madeNan;
     m_touched += touched;
     m_worse += worse;
