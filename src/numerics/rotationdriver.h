@@ -14,8 +14,7 @@ inline constexpr double rotationTolerance = 1e-12;
 /// Plain sweeps go to the nearest stationary point, which can be of the wrong kind; two sweeps may
 /// then undo each other for ever, and where the criterion is flat the factors may drift for ever.
 /// Takes the total of every refining sweep and tells when it is time to give up. A refinement that
-/// ends by itself is never told so: those that were seen swing for a dozen sweeps at most, and the
-/// bound lies far above their number of sweeps.
+/// ends by itself is never told so: those that do were seen to swing for a dozen sweeps at most.
 class EndlessRefinement
 {
 public:
@@ -45,7 +44,7 @@ private:
 inline std::int64_t refinementLimit(int m, int p)
 {
     const double sweepCost = 0.5 * m * (m - 1.0) * (p + 100.0);
-    return static_cast<std::int64_t>(std::fmax(20'000.0, std::fmin(2e10 / sweepCost, 1e6)));
+    return static_cast<std::int64_t>(std::fmax(1e5, std::fmin(2e10 / sweepCost, 1e6)));
 }
 
 /// Ends an endless refinement at the right kind of point: from the better of two successive states,
