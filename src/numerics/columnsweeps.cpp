@@ -104,32 +104,29 @@ double ColumnSweeps::criterionOf(int j) const
     return columnCriteria(m_l[j], m_l[j], m_variables).x;
 }
 
-double ColumnSweeps::criterionOf(int j, int k) const
-{
-    return columnCriteria(m_l[j], m_l[k], m_variables).sum();
-}
-
 double ColumnSweeps::trialOf(ColumnTurn turn, int j, int k)
 {
-    turnColumnsInto(m_l[j], m_l[k], m_variables, turn, m_work[0], m_work[1]);
-    return columnCriteria(m_work[0], m_work[1], m_variables).sum();
+    return turnColumnsInto(m_l[j], m_l[k], m_variables, turn, m_work[0], m_work[1]).sum();
 }
 
 /// The angle not taken is never looked at: of the two, one is the maximum and the other the
 /// minimum.
 std::optional<ColumnTurn> ColumnSweeps::methodAwareTurn(int j, int k)
 {
-    const auto [angle1, angle2] = pairAngles(pairSums(m_l[j], m_l[k], m_variables), m_variables);
+    PairSums sums;
+    const double current = sumPair(m_l[j], m_l[k], m_variables, sums).sum();
+    const auto [angle1, angle2] = pairAngles(sums, m_variables);
     const std::optional<ColumnTurn> first = turnBy(angle1, j, k);
-    if (first && isBetter(criterionOf(j, k), trialOf(*first, j, k)))
+    if (first && isBetter(current, trialOf(*first, j, k)))
         return turnBy(angle2, j, k);
     return first;
 }
 
 std::optional<ColumnTurn> ColumnSweeps::improvingTurn(int j, int k)
 {
-    const double current = criterionOf(j, k);
-    const auto [angle1, angle2] = pairAngles(pairSums(m_l[j], m_l[k], m_variables), m_variables);
+    PairSums sums;
+    const double current = sumPair(m_l[j], m_l[k], m_variables, sums).sum();
+    const auto [angle1, angle2] = pairAngles(sums, m_variables);
     for (double angle : {angle1, angle2}) {
         const std::optional<ColumnTurn> turn = turnBy(angle, j, k);
         if (turn && isBetter(trialOf(*turn, j, k), current))

@@ -39,7 +39,6 @@ private:
     std::optional<ColumnTurn> methodAwareTurn(int j, int k);
     std::optional<ColumnTurn> improvingTurn(int j, int k);
     double criterionOf(int j) const;
-    double criterionOf(int j, int k) const;
     double trialOf(ColumnTurn turn, int j, int k);
     void turn(int j, int k, ColumnTurn turn);
     void turnToNearest(int j, int k);

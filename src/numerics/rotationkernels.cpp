@@ -61,6 +61,11 @@ PELMORA_ALWAYS_INLINE double criterionOf(double squares, double fourths, int p)
     return fourths / p - squares * squares / double(std::int64_t(p) * p);
 }
 
+PELMORA_ALWAYS_INLINE Criteria criteriaOf(const Lanes& powers, int p)
+{
+    return {criterionOf(powers[0], powers[2], p), criterionOf(powers[1], powers[3], p)};
+}
+
 } // namespace
 
 PELMORA_VECTOR_CLONES
@@ -88,10 +93,23 @@ void sumTwoPairs(const TwoPairs& pairs, int p, PairSums& sums, PairSums& otherSu
 PELMORA_VECTOR_CLONES
 Criteria columnCriteria(const double* x, const double* y, int p)
 {
-    Lanes sums = {};
+    Lanes powers = {};
     for (int i = 0; i < p; i += lanes)
-        addPowers(sums, lanesAt(x + i), lanesAt(y + i));
-    return {criterionOf(sums[0], sums[2], p), criterionOf(sums[1], sums[3], p)};
+        addPowers(powers, lanesAt(x + i), lanesAt(y + i));
+    return criteriaOf(powers, p);
+}
+
+PELMORA_VECTOR_CLONES
+Criteria sumPair(const double* x, const double* y, int p, PairSums& sums)
+{
+    Lanes chain = {};
+    Lanes powers = {};
+    for (int i = 0; i < p; i += lanes) {
+        addPair(chain, lanesAt(x + i), lanesAt(y + i));
+        addPowers(powers, lanesAt(x + i), lanesAt(y + i));
+    }
+    sums = pairSumsOf(chain);
+    return criteriaOf(powers, p);
 }
 
 PELMORA_VECTOR_CLONES
@@ -102,16 +120,19 @@ void turnColumns(double* x, double* y, int p, ColumnTurn turn)
 }
 
 PELMORA_VECTOR_CLONES
-void turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
-                     double* newY)
+Criteria turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
+                         double* newY)
 {
+    Lanes powers = {};
     for (int i = 0; i < p; i += lanes) {
         Lanes turnedX = lanesAt(x + i);
         Lanes turnedY = lanesAt(y + i);
         turnPair(turnedX, turnedY, turn);
         lanesAt(newX + i) = turnedX;
         lanesAt(newY + i) = turnedY;
+        addPowers(powers, turnedX, turnedY);
     }
+    return criteriaOf(powers, p);
 }
 
 PELMORA_VECTOR_CLONES

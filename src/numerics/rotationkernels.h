@@ -44,11 +44,15 @@ struct Criteria
 
 Criteria columnCriteria(const double* x, const double* y, int p);
 
+/// Both of a pair in one pass.
+Criteria sumPair(const double* x, const double* y, int p, PairSums& sums);
+
 void turnColumns(double* x, double* y, int p, ColumnTurn turn);
 
-/// Leaves the columns alone and writes the turned ones to @p newX and @p newY.
-void turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
-                     double* newY);
+/// Leaves the columns alone and writes the turned ones to @p newX and @p newY; returns their
+/// criteria.
+Criteria turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
+                         double* newY);
 
 /// Turns both pairs, and sums up the next two from the results.
 void turnTwoPairs(const TwoPairs& pairs, int p, ColumnTurn turn, ColumnTurn otherTurn,
