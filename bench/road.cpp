@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+// The whole road, from a raw data file to three kinds of factors with their scores, as a session
+// goes it and in the plain forms. The number of factors is the one that the program proposes.
+
+#include "app/factoranalysis.h"
+#include "input/asciidata.h"
+#include "input/asciidatareader.h"
+#include "numerics/initialfactors.h"
+#include "numerics/jacobi.h"
+#include "numerics/owners.h"
+#include "numerics/rotation.h"
+#include "plain/numerics.h"
+#include "plain/reader.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <random>
+#include <stdexcept>
+
+using namespace pelmora;
+
+namespace {
+
+constexpr int methods[] = {PelmoraRotation, VarimaxRotation, NoRotation};
+
+/// Cases of variables that depend on one factor per ten of them, and on chance.
+class StructuredFile
+{
+public:
+    StructuredFile(int cases, int variables) : m_path(m_folder.filePath(QStringLiteral("road.txt")))
+    {
+        std::mt19937 random(7);
+        std::normal_distribution<double> normal;
+        QByteArray text;
+        for (int i = 0; i < cases; ++i) {
+            double factor = 0.0;
+            for (int j = 0; j < variables; ++j) {
+                if (j % 10 == 0)
+                    factor = normal(random);
+                text += QByteArray::number(10.0 * factor + 5.0 * normal(random), 'f', 4);
+                text += j + 1 < variables ? ' ' : '\n';
+            }
+        }
+        QFile file(m_path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+            throw std::runtime_error("cannot write the sample file");
+    }
+
+    const QString& path() const { return m_path; }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_path;
+};
+
+int proposedFactors(const Vector& eigenvalues)
+{
+    const auto large = [](double value) { return value >= 1.0; };
+    return std::max(2, int(std::count_if(eigenvalues.begin(), eigenvalues.end(), large)));
+}
+
+double fastRoad(const QString& path)
+{
+    AsciiDataReader reader(path, nullptr);
+    AsciiData data;
+    if (!reader.readFile() || !reader.checkConsistency() ||
+        !data.allocate(reader.lineCount(), reader.columnCount()) || !reader.getData(data))
+        throw std::runtime_error("cannot read the sample file");
+    const auto correlations = factoranalysis::correlations(data.matrix(), false);
+    const auto decomposition = factoranalysis::decompose(correlations.matrix);
+    double sum = 0.0;
+    for (const int method : methods) {
+        const auto factors =
+            factoranalysis::factors(decomposition, proposedFactors(decomposition.eigenvalues),
+                                    method, correlations.standardised, false);
+        sum += factors.loadings[0][0] + factors.scores[0][0];
+    }
+    return sum;
+}
+
+struct PlainFactors
+{
+    Matrix loadings;
+    Matrix scores;
+};
+
+PlainFactors plainFactors(const Vector& d, const Matrix& v, const Matrix& z, int method)
+{
+    const int p = d.size();
+    const int m = proposedFactors(d);
+    PlainFactors factors{Matrix(p, m + 1), Matrix(z.rows(), m)};
+    Matrix coefficients(p, m);
+    initial_loadings(d.data(), v.rowPointers(), p, std::min(m + 1, p),
+                     factors.loadings.rowPointers());
+    score_coefficients(d.data(), v.rowPointers(), p, m, coefficients.rowPointers());
+    if (method != NoRotation)
+        plain::rotate(factors.loadings.rowPointers(), coefficients.rowPointers(), m, p, method);
+    plain::multiply(factors.scores.rowPointers(), z.rowPointers(), 0, coefficients.rowPointers(),
+                    z.rows(), p, m);
+    return factors;
+}
+
+double plainRoad(const QString& path)
+{
+    plain::TextFile file;
+    if (!plain::readFile(path, file) || !plain::firstFault(file).isEmpty())
+        throw std::runtime_error("cannot read the sample file");
+    const int p = plain::columnCount(file);
+    Matrix z(int(file.data.size()), p);
+    plain::fillMatrix(file, z.rowPointers());
+    benchmark::DoNotOptimize(plain::variableNames(file));
+
+    Matrix r = Matrix::adopt(plain::correlate(z.rowPointers(), z.rows(), p, 0), p, p);
+    Vector d(p);
+    Matrix v(p, p);
+    plain::jacobi(r.rowPointers(), p, d.data(), v.rowPointers());
+    sort_eigenpairs(d.data(), v.rowPointers(), p);
+    double sum = 0.0;
+    for (const int method : methods) {
+        const PlainFactors factors = plainFactors(d, v, z, method);
+        sum += factors.loadings[0][0] + factors.scores[0][0];
+    }
+    return sum;
+}
+
+template <auto road>
+void walk(benchmark::State& state)
+{
+    const StructuredFile file(int(state.range(0)), int(state.range(1)));
+    double sum = 0.0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(sum = road(file.path()));
+    if (sum != fastRoad(file.path()))
+        state.SkipWithError("the fast and the plain road lead to different results");
+}
+
+void shapes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Args({1000, 60})->Args({100000, 50})->Args({1000, 500});
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(walk<fastRoad>)->Name("roadFast")->Apply(shapes);
+BENCHMARK(walk<plainRoad>)->Name("roadPlain")->Apply(shapes);
+
+} // namespace
+
+BENCHMARK_MAIN();
