@@ -140,7 +140,7 @@ Matrix distances(Random& random)
 }
 
 constexpr DataKind kinds[] = {
-    {"survey answers, 3 to 40 variables", 25, surveyAnswers},
+    {"survey answers, 3 to 40 variables", 26, surveyAnswers},
     {"survey answers, 41 to 120 variables", 4, longQuestionnaires},
     {"published-like, two decimals", 18, publishedLike},
     {"random, two decimals, 3 to 8 variables", 14, smallRandom},
@@ -149,7 +149,7 @@ constexpr DataKind kinds[] = {
     {"equal blocks", 4, equalBlocks},
     {"different blocks", 4, differentBlocks},
     {"identity and almost identity", 4, nearIdentity},
-    {"covariances read as correlations", 2, covariances},
+    {"covariances read as correlations", 1, covariances},
     {"fewer cases than variables", 8, fewCases},
     {"on a line or a circle", 4, distances},
 };

@@ -33,7 +33,7 @@ std::vector<long double> readDescending(const std::filesystem::path& file)
 {
     std::ifstream in(file);
     std::vector<long double> values;
-    for (long double value; in >> value;)
+    for (long double value = 0.0L; in >> value;)
         values.push_back(value);
     if (values.empty())
         throw std::runtime_error("no eigenvalues in " + file.string());

@@ -81,6 +81,7 @@ void run(std::int64_t first, std::int64_t count, int threadCount)
 {
     std::vector<Watch> watches(static_cast<std::size_t>(threadCount));
     std::vector<std::thread> threads;
+    threads.reserve(watches.size());
     std::atomic<std::int64_t> next = first;
     std::atomic<int> running = threadCount;
     for (Watch& watch : watches)

@@ -29,7 +29,7 @@ std::vector<Numbers> readRows(const std::filesystem::path& file)
             continue;
         std::istringstream words(line);
         Numbers row;
-        for (double value; words >> value;)
+        for (double value = 0.0; words >> value;)
             row.push_back(value);
         if (!row.empty())
             rows.push_back(row);

@@ -95,6 +95,7 @@ void writeLine(std::ostream& out, const Matrix& start, int m, int method, const 
 std::vector<NamedMatrix> rotationMatrices(const std::vector<NamedMatrix>& published)
 {
     std::vector<NamedMatrix> result;
+    result.reserve(published.size() + 4);
     for (const NamedMatrix& matrix : published)
         result.push_back({matrix.name, matrix.a.clone()});
     Random random(3);

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdint>
 #include <cstring>
 
 namespace pelmora {
@@ -20,8 +19,7 @@ namespace {
 /// Twice the longest run known to end, and far more where sweeps are cheap.
 int sweepBound(int p, int m)
 {
-    return int(std::clamp(std::int64_t(500000000) / (std::int64_t(m) * m * p), std::int64_t(10000),
-                          std::int64_t(200000)));
+    return int(std::clamp(3e8 / (double(m) * m * p), 10000.0, 100000.0));
 }
 
 bool hasNan(const Matrix& a)

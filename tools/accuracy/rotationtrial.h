@@ -11,8 +11,8 @@ namespace pelmora {
 /// What became of one rotation, by rotate() and without its help.
 struct RotationTrial
 {
-    PlainRotation plain;
-    double seconds;         ///< of rotate() alone
+    PlainRotation plain{};
+    double seconds = 0.0;   ///< of rotate() alone
     bool madeNan = false;   ///< of finite loadings
     bool untouched = false; ///< loadings and companion are the same to the bit both ways
     /// How much worse rotate() ended than the better of the last two states without help, by
