@@ -74,12 +74,17 @@ bool iterate(JacobiState& state, double* b, Sweep sweep)
         if (sum == 0.0)
             return true;
         state.threshold = state.sweep < 4 ? 0.02 * sum / double(std::int64_t(n) * n) : 0.0;
+        const int rotations = state.rotations;
         sweep(state);
         for (int i = 0; i < n; ++i) {
             b[i] += state.z[i];
             state.d[i] = b[i];
             state.z[i] = 0.0;
         }
+        // A late sweep without a rotation leaves zeros and NaN alone: all later ones would find the
+        // same. With NaN among many variables they would take very long to find it.
+        if (state.sweep > 4 && state.rotations == rotations)
+            return offDiagonalSum(state.matrix, n) == 0.0;
     }
     return false;
 }
