@@ -85,8 +85,9 @@ void packColumns(const RawData& data, const double* mean, int firstCase, int cou
         const double* values = data.x[firstCase + i];
         double* packed = panels[0] + i * panelWidth;
         for (int j = 0; j < whole; j += panelWidth, packed += panels.stride()) {
-            lanesAt(packed) = lanesAt(values + j) - lanesAt(mean + j);
-            lanesAt(packed + lanes) = lanesAt(values + j + lanes) - lanesAt(mean + j + lanes);
+            lanesAt(packed).values = lanesAt(values + j).values - lanesAt(mean + j).values;
+            lanesAt(packed + lanes).values =
+                lanesAt(values + j + lanes).values - lanesAt(mean + j + lanes).values;
         }
         for (int j = whole; j < data.variables; ++j)
             packed[j - whole] = values[j] - mean[j];
@@ -112,12 +113,12 @@ void addTile(const double* four, const double* eight, int count, double* sums,
     Lanes low[tileHeight];
     Lanes high[tileHeight];
     for (int r = 0; r < tileHeight; ++r) {
-        low[r] = lanesAt(sums + r * stride);
-        high[r] = lanesAt(sums + r * stride + lanes);
+        low[r] = lanesAt(sums + r * stride).values;
+        high[r] = lanesAt(sums + r * stride + lanes).values;
     }
     for (int i = 0; i < count; ++i) {
-        const Lanes a = lanesAt(eight + i * panelWidth);
-        const Lanes b = lanesAt(eight + i * panelWidth + lanes);
+        const Lanes a = lanesAt(eight + i * panelWidth).values;
+        const Lanes b = lanesAt(eight + i * panelWidth + lanes).values;
         for (int r = 0; r < tileHeight; ++r) {
             const double factor = four[i * panelWidth + r];
             low[r] += factor * a;
@@ -125,8 +126,8 @@ void addTile(const double* four, const double* eight, int count, double* sums,
         }
     }
     for (int r = 0; r < tileHeight; ++r) {
-        lanesAt(sums + r * stride) = low[r];
-        lanesAt(sums + r * stride + lanes) = high[r];
+        lanesAt(sums + r * stride).values = low[r];
+        lanesAt(sums + r * stride + lanes).values = high[r];
     }
 }
 

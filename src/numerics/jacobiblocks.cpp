@@ -36,15 +36,15 @@ PELMORA_ALWAYS_INLINE void turnStrip(double* ipRow, double* firstRow, std::ptrdi
 {
     Lanes x[Vectors];
     for (int i = 0; i < Vectors; ++i)
-        x[i] = lanesAt(ipRow + i * lanes);
+        x[i] = lanesAt(ipRow + i * lanes).values;
     for (const Turn* turn = turns; turn != turns + count; ++turn) {
         const PlaneRotation rotation = turn->rotation;
         double* y = firstRow + turn->iq * stride;
         for (int i = 0; i < Vectors; ++i)
-            rotatePair(x[i], lanesAt(y + i * lanes), rotation);
+            rotatePairs(x[i], y + i * lanes, rotation);
     }
     for (int i = 0; i < Vectors; ++i)
-        lanesAt(ipRow + i * lanes) = x[i];
+        lanesAt(ipRow + i * lanes).values = x[i];
 }
 
 /// Applies turns, in their order, to the columns from @p first up to @p end (multiples of eight).
@@ -69,18 +69,18 @@ void turnColumns(AlignedRows& rows, int ip, const Turn* turns, int count, int fi
 /// Writes the transpose of four rows of four.
 PELMORA_ALWAYS_INLINE void transposeFour(const double* from, double* to, std::ptrdiff_t stride)
 {
-    const Lanes a = lanesAt(from);
-    const Lanes b = lanesAt(from + stride);
-    const Lanes c = lanesAt(from + 2 * stride);
-    const Lanes d = lanesAt(from + 3 * stride);
+    const Lanes a = lanesAt(from).values;
+    const Lanes b = lanesAt(from + stride).values;
+    const Lanes c = lanesAt(from + 2 * stride).values;
+    const Lanes d = lanesAt(from + 3 * stride).values;
     const Lanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
     const Lanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
     const Lanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
     const Lanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
-    lanesAt(to) = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
-    lanesAt(to + stride) = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
-    lanesAt(to + 2 * stride) = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
-    lanesAt(to + 3 * stride) = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
+    lanesAt(to).values = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
+    lanesAt(to + stride).values = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
+    lanesAt(to + 2 * stride).values = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
+    lanesAt(to + 3 * stride).values = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
 }
 
 /// Copies the eight rows of a block, from column @p first up to @p end, into the columns that

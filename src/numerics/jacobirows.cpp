@@ -16,8 +16,11 @@ namespace {
 
 PELMORA_ALWAYS_INLINE void rotateRows(double* x, double* y, int n, PlaneRotation r)
 {
-    for (int j = 0; j < n; j += lanes)
-        rotatePair(lanesAt(x + j), lanesAt(y + j), r);
+    for (int j = 0; j < n; j += lanes) {
+        Lanes g = lanesAt(x + j).values;
+        rotatePairs(g, y + j, r);
+        lanesAt(x + j).values = g;
+    }
 }
 
 } // namespace

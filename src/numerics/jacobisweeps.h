@@ -72,14 +72,22 @@ PELMORA_ALWAYS_INLINE PlaneRotation startRotation(JacobiState& state, double g, 
     return {s, tau};
 }
 
-/// Rotates pairs of elements; Value is a double or lanes of them.
-template <typename Value>
-PELMORA_ALWAYS_INLINE void rotatePair(Value& g, Value& h, PlaneRotation r)
+/// Rotates a pair of elements.
+PELMORA_ALWAYS_INLINE void rotatePair(double& g, double& h, PlaneRotation r)
 {
-    const Value g0 = g;
-    const Value h0 = h;
+    const double g0 = g;
+    const double h0 = h;
     g = g0 - r.s * (h0 + g0 * r.tau);
     h = h0 + r.s * (g0 - h0 * r.tau);
+}
+
+/// Rotates pairs side by side, the second of each in memory.
+PELMORA_ALWAYS_INLINE void rotatePairs(Lanes& g, double* h, PlaneRotation r)
+{
+    const Lanes g0 = g;
+    const Lanes h0 = lanesAt(h).values;
+    g = g0 - r.s * (h0 + g0 * r.tau);
+    lanesAt(h).values = h0 + r.s * (g0 - h0 * r.tau);
 }
 
 /// Copies a row, from column @p first on, into the column that mirrors it.

@@ -31,19 +31,26 @@
 namespace pelmora {
 
 /// Four doubles that are worked on together; the compiler takes two narrower vectors where the
-/// processor has no wider ones. Aligned like a double.
-typedef double Lanes __attribute__((vector_size(32), aligned(8), may_alias));
+/// processor has no wider ones. Never an argument or a result by value: how these are passed
+/// depends on the processor that a function is compiled for.
+typedef double Lanes __attribute__((vector_size(32)));
 
 inline constexpr int lanes = 4;
 
-PELMORA_ALWAYS_INLINE Lanes& lanesAt(double* values)
+/// Lanes as they lie among doubles, without any alignment of their own.
+struct __attribute__((packed, may_alias)) LanesInMemory
 {
-    return *reinterpret_cast<Lanes*>(values);
+    Lanes values;
+};
+
+PELMORA_ALWAYS_INLINE LanesInMemory& lanesAt(double* values)
+{
+    return *reinterpret_cast<LanesInMemory*>(values);
 }
 
-PELMORA_ALWAYS_INLINE const Lanes& lanesAt(const double* values)
+PELMORA_ALWAYS_INLINE const LanesInMemory& lanesAt(const double* values)
 {
-    return *reinterpret_cast<const Lanes*>(values);
+    return *reinterpret_cast<const LanesInMemory*>(values);
 }
 
 } // namespace pelmora

@@ -35,12 +35,12 @@ PELMORA_ALWAYS_INLINE void fourColumns(const Operands& m, int i, int j)
 {
     Lanes sum[Rows] = {};
     for (int k = 0; k < m.terms; ++k) {
-        const Lanes b = lanesAt(m.b[k] + j);
+        const Lanes b = lanesAt(m.b[k] + j).values;
         for (int row = 0; row < Rows; ++row)
             sum[row] += factor<Transposed>(m, i + row, k) * b;
     }
     for (int row = 0; row < Rows; ++row)
-        lanesAt(m.c[i + row] + j) = sum[row];
+        lanesAt(m.c[i + row] + j).values = sum[row];
 }
 
 template <bool Transposed, int Rows>

@@ -73,7 +73,7 @@ PairSums pairSums(const double* x, const double* y, int p)
 {
     Lanes sums = {};
     for (int i = 0; i < p; i += lanes)
-        addPair(sums, lanesAt(x + i), lanesAt(y + i));
+        addPair(sums, lanesAt(x + i).values, lanesAt(y + i).values);
     return pairSumsOf(sums);
 }
 
@@ -83,8 +83,8 @@ void sumTwoPairs(const TwoPairs& pairs, int p, PairSums& sums, PairSums& otherSu
     Lanes chain = {};
     Lanes otherChain = {};
     for (int i = 0; i < p; i += lanes) {
-        addPair(chain, lanesAt(pairs.x + i), lanesAt(pairs.next + i));
-        addPair(otherChain, lanesAt(pairs.otherX + i), lanesAt(pairs.y + i));
+        addPair(chain, lanesAt(pairs.x + i).values, lanesAt(pairs.next + i).values);
+        addPair(otherChain, lanesAt(pairs.otherX + i).values, lanesAt(pairs.y + i).values);
     }
     sums = pairSumsOf(chain);
     otherSums = pairSumsOf(otherChain);
@@ -95,7 +95,7 @@ Criteria columnCriteria(const double* x, const double* y, int p)
 {
     Lanes powers = {};
     for (int i = 0; i < p; i += lanes)
-        addPowers(powers, lanesAt(x + i), lanesAt(y + i));
+        addPowers(powers, lanesAt(x + i).values, lanesAt(y + i).values);
     return criteriaOf(powers, p);
 }
 
@@ -105,8 +105,8 @@ Criteria sumPair(const double* x, const double* y, int p, PairSums& sums)
     Lanes chain = {};
     Lanes powers = {};
     for (int i = 0; i < p; i += lanes) {
-        addPair(chain, lanesAt(x + i), lanesAt(y + i));
-        addPowers(powers, lanesAt(x + i), lanesAt(y + i));
+        addPair(chain, lanesAt(x + i).values, lanesAt(y + i).values);
+        addPowers(powers, lanesAt(x + i).values, lanesAt(y + i).values);
     }
     sums = pairSumsOf(chain);
     return criteriaOf(powers, p);
@@ -115,8 +115,13 @@ Criteria sumPair(const double* x, const double* y, int p, PairSums& sums)
 PELMORA_VECTOR_CLONES
 void turnColumns(double* x, double* y, int p, ColumnTurn turn)
 {
-    for (int i = 0; i < p; i += lanes)
-        turnPair(lanesAt(x + i), lanesAt(y + i), turn);
+    for (int i = 0; i < p; i += lanes) {
+        Lanes turnedX = lanesAt(x + i).values;
+        Lanes turnedY = lanesAt(y + i).values;
+        turnPair(turnedX, turnedY, turn);
+        lanesAt(x + i).values = turnedX;
+        lanesAt(y + i).values = turnedY;
+    }
 }
 
 PELMORA_VECTOR_CLONES
@@ -125,11 +130,11 @@ Criteria turnColumnsInto(const double* x, const double* y, int p, ColumnTurn tur
 {
     Lanes powers = {};
     for (int i = 0; i < p; i += lanes) {
-        Lanes turnedX = lanesAt(x + i);
-        Lanes turnedY = lanesAt(y + i);
+        Lanes turnedX = lanesAt(x + i).values;
+        Lanes turnedY = lanesAt(y + i).values;
         turnPair(turnedX, turnedY, turn);
-        lanesAt(newX + i) = turnedX;
-        lanesAt(newY + i) = turnedY;
+        lanesAt(newX + i).values = turnedX;
+        lanesAt(newY + i).values = turnedY;
         addPowers(powers, turnedX, turnedY);
     }
     return criteriaOf(powers, p);
@@ -143,18 +148,18 @@ void turnTwoPairs(const TwoPairs& pairs, int p, ColumnTurn turn, ColumnTurn othe
     Lanes chain = {};
     Lanes otherChain = {};
     for (int i = 0; i < p; i += lanes) {
-        Lanes newX = lanesAt(x + i);
-        Lanes newY = lanesAt(y + i);
+        Lanes newX = lanesAt(x + i).values;
+        Lanes newY = lanesAt(y + i).values;
         turnPair(newX, newY, turn);
-        lanesAt(x + i) = newX;
-        lanesAt(y + i) = newY;
-        addPair(chain, newX, lanesAt(next + i));
+        lanesAt(x + i).values = newX;
+        lanesAt(y + i).values = newY;
+        addPair(chain, newX, lanesAt(next + i).values);
 
-        Lanes newOtherX = lanesAt(otherX + i);
-        Lanes newOtherY = lanesAt(otherY + i);
+        Lanes newOtherX = lanesAt(otherX + i).values;
+        Lanes newOtherY = lanesAt(otherY + i).values;
         turnPair(newOtherX, newOtherY, otherTurn);
-        lanesAt(otherX + i) = newOtherX;
-        lanesAt(otherY + i) = newOtherY;
+        lanesAt(otherX + i).values = newOtherX;
+        lanesAt(otherY + i).values = newOtherY;
         addPair(otherChain, newOtherX, newY);
     }
     sums = pairSumsOf(chain);
