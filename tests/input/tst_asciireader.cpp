@@ -4,11 +4,11 @@
 #include "input/asciireader.h"
 
 #include "input/asciidatareader.h"
-#include "input/inputfile.h"
 #include "input/linebuffer.h"
 #include "input/linescan.h"
-#include "plain/reader.h"
+#include "input/plaincomparison.h"
 #include "support/dialogscript.h"
+#include "support/samplefile.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -19,9 +19,9 @@ using pelmora::LineBuffer;
 
 namespace {
 
-QByteArrayList piecesOf(const InputFile& input, std::size_t chunkSize)
+QByteArrayList piecesOf(const QString& path, std::size_t chunkSize)
 {
-    QFile file(input.path());
+    QFile file(path);
     QByteArrayList pieces;
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return pieces;
@@ -36,6 +36,15 @@ QByteArrayList piecesOf(const InputFile& input, std::size_t chunkSize)
     return pieces;
 }
 
+void requireSameAsPlain(const SampleFile& file)
+{
+    DialogScript script;
+    AsciiData data;
+    const auto outcome = plaincomparison::compare(
+        file.path(), [&] { return script.takeRecord(); }, data);
+    QVERIFY2(!outcome.difference, outcome.difference);
+}
+
 } // namespace
 
 class TestAsciiReader : public QObject
@@ -45,13 +54,10 @@ class TestAsciiReader : public QObject
 private slots:
     void sortsLines_data();
     void sortsLines();
-    void longLinesAndManyChunks_data();
     void longLinesAndManyChunks();
-    void whatCannotBeOpenedEndsSilently_data();
     void whatCannotBeOpenedEndsSilently();
     void readErrorIsReported();
     void piecesAreTheSameForEveryChunkSize();
-    void pipeIsNotWaitedFor();
     void fileThatShrinksWhileRead();
     void fileThatVanishesAfterReading();
 };
@@ -62,110 +68,70 @@ void TestAsciiReader::sortsLines_data()
     QTest::addColumn<QStringList>("data");
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QStringList>("other");
-    const auto row = [](const char* name, const QByteArray& bytes, const QStringList& data,
+    const auto row = [](const QByteArray& bytes, const QStringList& data,
                         const QStringList& names = {}, const QStringList& other = {}) {
-        QTest::newRow(name) << bytes << data << names << other;
+        QTest::newRow(bytes.toPercentEncoding(" ,").constData()) << bytes << data << names << other;
     };
     const auto nul = QByteArray(1, '\0');
-    row("empty", "", {});
-    row("line ends only", "\n\r\r\n\n", {});
-    row("LF", "1 2\n\n 3\t4 \n", {"1 2", "3\t4"});
-    row("CR LF", "1\r\n2\r\n", {"1", "2"});
-    row("CR", "1\r2\r\rvname 1 A", {"1", "2"}, {"vname 1 A"});
-    row("no end", "1 2", {"1 2"});
-    row("blanks are a data line", "1\n \t\n\f\n2", {"1", "", "", "2"});
-    row("kinds", "a 1\n  vname 1 B\n1,2\nvnamex\n-1", {"-1"}, {"vname 1 B", "vnamex"},
-        {"a 1", "1,2"});
-    row("NUL cuts up to the line feed", "1 2" + nul + "x\n3" + nul + nul + "\n4",
-        {"1 2", "3", "4"});
-    row("NUL takes all of a CR file", "1\r2" + nul + "\r3\r4", {"1", "2"});
-    row("NUL first", nul + "1\n2", {"2"});
-    row("letter behind numbers", "1 2 3 x\n1 2x\n1x", {}, {}, {"1 2 3 x", "1 2x", "1x"});
-    row("hard space",
-        "\xA0"
-        "1\xA0"
-        "2\xA0\n",
-        {QString::fromLatin1("1\xA0"
-                             "2")});
-    row("next line is text", "1\n\x85\n", {"1"}, {}, {QString(QChar(0x85))});
-    row("byte order mark",
-        "\xEF\xBB\xBF"
-        "1 2\n3 4",
-        {"3 4"}, {},
-        {QString::fromLatin1("\xEF\xBB\xBF"
-                             "1 2")});
+    row("", {});
+    row("\n\r\r\n\n", {});
+    row("1 2\n\n 3\t4 \n", {"1 2", "3\t4"});
+    row("1\r\n2\r\n", {"1", "2"});
+    row("1\r2\r\rvname 1 A", {"1", "2"}, {"vname 1 A"});
+    row("1\n \t\n\f\n\v2", {"1", "", "", "2"});
+    row("a 1\n  vname 1 B\n1,2\nvnamex\n-1\nVNAME 1 C", {"-1"}, {"vname 1 B", "vnamex"},
+        {"a 1", "1,2", "VNAME 1 C"});
+    row("1 2" + nul + "x\n3" + nul + nul + "\n4", {"1 2", "3", "4"});
+    row("1\r2" + nul + "\r3\r4", {"1", "2"});
+    row(nul + "1\n2", {"2"});
+    row("1 2 3 x\n1 2x\n1x\n1.5e3", {}, {}, {"1 2 3 x", "1 2x", "1x", "1.5e3"});
+    row("\xA0\t1\xA0-2\xA0\n\x85\n+-.", {"1\u00A0-2", "+-."}, {}, {"\u0085"});
+    row("\xEF\xBB\xBF 1 2\n3 4", {"3 4"}, {}, {"\u00EF\u00BB\u00BF 1 2"});
 }
 
 void TestAsciiReader::sortsLines()
 {
     QFETCH(QByteArray, bytes);
-    const InputFile file(bytes);
-    AsciiReader text(file.path(), nullptr);
-    AsciiDataReader converting(file.path(), nullptr);
-    for (AsciiReader* reader : {&text, static_cast<AsciiReader*>(&converting)}) {
-        QVERIFY(reader->readFile());
-        QTEST(reader->dataLines(), "data");
-        QTEST(reader->nameLines(), "names");
-        QTEST(reader->otherLines(), "other");
-        QCOMPARE(reader->lineCount(), unsigned(reader->dataLines().size()));
-        const auto first = reader->dataLines().value(0).split(u' ', Qt::SkipEmptyParts);
-        if (!first.value(0).contains(u'\t') && !first.value(0).contains(QChar(0xA0)))
-            QCOMPARE(reader->columnCount(), unsigned(first.size()));
-    }
-}
-
-void TestAsciiReader::longLinesAndManyChunks_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray entries = QByteArray("1.25 -3\t0.5 ").repeated(30'000);
-    QTest::newRow("one long line") << entries;
-    QTest::newRow("long lines of all kinds")
-        << entries + '\n' + entries + "x\nvname 1 " + entries + '\n' + entries + '\n';
-    QTest::newRow("one long number") << QByteArray(1'000'000, '1');
-    QTest::newRow("CR only") << QByteArray("1 2 3\r").repeated(100'000);
-    QTest::newRow("NULs only") << QByteArray(1'000'000, '\0');
-    const QByteArray returns = QByteArray("4 -5.5\r6\rx\r").repeated(15'000);
-    const QByteArray nul(1, '\0');
-    QTest::newRow("CR and NUL") << returns + nul + returns + '\n' + returns + '\n' + nul + returns +
-                                       nul + returns + "\n7\r" + returns + nul + returns;
-    QByteArray lines;
-    for (int i = 0; i < 50'000; ++i)
-        lines += QByteArray::number(i) + ' ' + QByteArray::number(0.37 * i, 'f', i % 9) + '\n';
-    QTest::newRow("many short lines") << lines;
+    const SampleFile file("lines.txt", bytes);
+    AsciiReader reader(file.path(), nullptr);
+    QVERIFY(reader.readFile());
+    QTEST(reader.dataLines(), "data");
+    QTEST(reader.nameLines(), "names");
+    QTEST(reader.otherLines(), "other");
+    requireSameAsPlain(file);
 }
 
 void TestAsciiReader::longLinesAndManyChunks()
 {
-    QFETCH(QByteArray, bytes);
-    const InputFile file(bytes);
-    pelmora::plain::TextFile expected;
-    QVERIFY(pelmora::plain::readFile(file.path(), expected));
-    AsciiReader text(file.path(), nullptr);
-    AsciiDataReader converting(file.path(), nullptr);
-    for (AsciiReader* reader : {&text, static_cast<AsciiReader*>(&converting)}) {
-        QVERIFY(reader->readFile());
-        QVERIFY(reader->dataLines() == expected.data);
-        QVERIFY(reader->nameLines() == expected.names);
-        QVERIFY(reader->otherLines() == expected.other);
-        QCOMPARE(reader->lineCount(), unsigned(expected.data.size()));
-        QCOMPARE(reader->columnCount(), unsigned(pelmora::plain::columnCount(expected)));
-    }
-}
-
-void TestAsciiReader::whatCannotBeOpenedEndsSilently_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::newRow("folder") << QDir::tempPath();
-    QTest::newRow("missing") << QDir::temp().filePath(QStringLiteral("no/such/file.txt"));
-    QTest::newRow("no name") << QString();
+    const QByteArray nul(1, '\0');
+    const QByteArray entries = QByteArray("1.25 -3\t0.5 ").repeated(24'000);
+    const QByteArray returns = QByteArray("4 -5.5\r6\rx\r").repeated(8'000);
+    QByteArray lines;
+    for (int i = 0; i < 30'000; ++i)
+        lines += QByteArray::number(i) + ' ' + QByteArray::number(0.37 * i, 'f', i % 9) + '\n';
+    const QByteArray files[] = {
+        entries + '\n' + entries + "x\nvname 1 " + entries,
+        QByteArray(600'000, '1'),
+        QByteArray("1 2 3\r").repeated(60'000),
+        QByteArray(600'000, '\0'),
+        returns + nul + returns + '\n' + returns + '\n' + nul + returns + nul + returns + "\n7\r" +
+            returns + nul + returns,
+        lines,
+    };
+    for (const QByteArray& bytes : files)
+        requireSameAsPlain(SampleFile("long.txt", bytes));
 }
 
 void TestAsciiReader::whatCannotBeOpenedEndsSilently()
 {
-    QFETCH(QString, path);
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(QStringLiteral("pipe"));
+    QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
     DialogScript script;
-    QVERIFY(!AsciiReader(path, nullptr).readFile());
-    QVERIFY(!AsciiDataReader(path, nullptr).readFile());
+    for (const QString& path : {folder.path(), folder.filePath("no/such.txt"), QString(), pipe}) {
+        QVERIFY(!AsciiReader(path, nullptr).readFile());
+        QVERIFY(!AsciiDataReader(path, nullptr).readFile());
+    }
     QCOMPARE(script.takeRecord(), QStringList());
 }
 
@@ -187,25 +153,16 @@ void TestAsciiReader::piecesAreTheSameForEveryChunkSize()
         QByteArray bytes;
         for (int k = random.bounded(100); k > 0; --k)
             bytes += "12 3.vx\n\n\r\0"[random.bounded(11)];
-        const InputFile input(bytes);
-        const QByteArrayList expected = piecesOf(input, LineBuffer::usualChunk);
+        const SampleFile input("pieces.txt", bytes);
+        const QByteArrayList expected = piecesOf(input.path(), LineBuffer::usualChunk);
         for (const std::size_t chunkSize : {1, 2, 3, 5, 16, 50})
-            QVERIFY2(piecesOf(input, chunkSize) == expected, bytes.toHex(' ').constData());
+            QVERIFY2(piecesOf(input.path(), chunkSize) == expected, bytes.toHex(' ').constData());
     }
-}
-
-void TestAsciiReader::pipeIsNotWaitedFor()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("pipe"));
-    if (mkfifo(path.toLocal8Bit().constData(), 0600) != 0)
-        QSKIP("no pipes on this system");
-    QVERIFY(!AsciiDataReader(path, nullptr).readFile());
 }
 
 void TestAsciiReader::fileThatShrinksWhileRead()
 {
-    const InputFile input(QByteArray("1 2 3\n").repeated(200'000));
+    const SampleFile input("data.txt", QByteArray("1 2 3\n").repeated(200'000));
     QFile file(input.path());
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
     LineBuffer buffer(file);
@@ -222,7 +179,7 @@ void TestAsciiReader::fileThatShrinksWhileRead()
 void TestAsciiReader::fileThatVanishesAfterReading()
 {
     DialogScript script;
-    auto file = std::make_unique<InputFile>("1 2\n3 4\nx\n");
+    auto file = std::make_unique<SampleFile>("data.txt", "1 2\n3 4\nx\n");
     AsciiDataReader reader(file->path(), nullptr);
     QVERIFY(reader.readFile());
     file.reset();
