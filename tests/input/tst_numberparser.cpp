@@ -33,31 +33,22 @@ std::optional<double> parsed(const QByteArray& text)
     return parseNumber(text.constData(), text.constData() + text.size());
 }
 
-QByteArray digits(QRandomGenerator& random, int most)
-{
-    QByteArray text;
-    for (int i = random.bounded(most + 1); i > 0; --i)
-        text += char('0' + random.bounded(10));
-    return text;
-}
-
-QByteArray likelyNumber(QRandomGenerator& random)
-{
-    static const char* const signs[] = {"", "", "", "-", "+", "--"};
-    const int most = random.bounded(1, 26);
-    QByteArray text = signs[random.bounded(6)] + digits(random, most);
-    if (random.bounded(4) > 0)
-        text += '.' + digits(random, most);
-    return text;
-}
-
-QByteArray anyEntry(QRandomGenerator& random)
+/// Any mixture, or what is likely a number.
+QByteArray randomEntry(QRandomGenerator& random)
 {
     static const char letters[] = "0123456789..+-";
-    QByteArray text;
-    for (int i = random.bounded(1, 14); i > 0; --i)
-        text += letters[random.bounded(14)];
-    return text;
+    const auto some = [&random](int most, int choices) {
+        QByteArray text;
+        for (int i = random.bounded(most + 1); i > 0; --i)
+            text += letters[random.bounded(choices)];
+        return text;
+    };
+    if (random.bounded(2) == 0)
+        return letters[random.bounded(14)] + some(12, 14);
+    static const char* const signs[] = {"", "", "", "-", "+", "--"};
+    const int most = random.bounded(1, 26);
+    const QByteArray text = signs[random.bounded(6)] + some(most, 10);
+    return random.bounded(4) > 0 ? text + '.' + some(most, 10) : text;
 }
 
 } // namespace
@@ -67,42 +58,29 @@ class TestNumberParser : public QObject
     Q_OBJECT
 
 private slots:
-    void decidesAsTheToolkitDoes_data();
     void decidesAsTheToolkitDoes();
     void randomEntries();
     void findsWhereNumbersEnd();
 };
 
-void TestNumberParser::decidesAsTheToolkitDoes_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<bool>("accepted");
-    const auto row = [](const char* name, const QByteArray& text, bool accepted) {
-        QTest::newRow(name) << text << accepted;
-    };
-    for (const char* text : {"0", "-0", "+0.5", "5.", ".5", "-.5", "00012", "007.50", "123456789",
-                             "12345678.", "0.1", "9007199254740993", "-9007199254740992",
-                             "0.30000000000000004", "18446744073709551616", "2.2250738585072011"})
-        row(text, text, true);
-    for (const char* text :
-         {"", "+", "-", ".", "-.", "+.", "--1", "+-1", "1-2", "1+", "1.2.3", "1..2", "..5"})
-        row(text, text, false);
-    row("largest", QByteArray::number(1.7976931348623157e308, 'f', 0), true);
-    row("beyond the largest", QByteArray(400, '9'), false);
-    row("smallest", "0." + QByteArray(323, '0') + "5", true);
-    row("underflow", "0." + QByteArray(400, '0') + "1", false);
-    row("zero with many zeros", "0." + QByteArray(400, '0'), true);
-    row("half of the smallest", "0." + QByteArray(323, '0') + "2", false);
-    row("a megabyte of digits", "0." + QByteArray(1 << 20, '3'), true);
-}
-
 void TestNumberParser::decidesAsTheToolkitDoes()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(bool, accepted);
-    QCOMPARE(reference(text).has_value(), accepted);
-    QVERIFY(same(parsed(text), reference(text)));
-    QVERIFY(same(parseNumber(QString::fromLatin1(text)), reference(text)));
+    const QByteArray zeros(400, '0');
+    const QByteArrayList numbers =
+        QByteArray("-0 +0.5 5. -.5 9007199254740993 900719925474.0995 18446744073709551616")
+            .split(' ') +
+        QByteArrayList{QByteArray::number(1.7976931348623157e308, 'f', 0), "0." + zeros,
+                       "0." + zeros.first(22) + '1', "0." + zeros.first(323) + '5',
+                       "0." + QByteArray(1 << 20, '3')};
+    const QByteArrayList others =
+        QByteArray(" + -. --1 1-2 1+ ..5 1.2.3").split(' ') +
+        QByteArrayList{"0." + zeros + '1', "0." + zeros.first(323) + '2', QByteArray(400, '9')};
+    for (const QByteArray& text : numbers + others) {
+        const auto expected = reference(text);
+        QCOMPARE(expected.has_value(), numbers.contains(text));
+        QVERIFY2(same(parsed(text), expected), text.constData());
+        QVERIFY(same(parseNumber(QString::fromLatin1(text)), expected));
+    }
 }
 
 void TestNumberParser::randomEntries()
@@ -110,7 +88,7 @@ void TestNumberParser::randomEntries()
     QRandomGenerator random(1);
     int common = 0;
     for (int i = 0; i < 200'000; ++i) {
-        const QByteArray text = random.bounded(2) ? likelyNumber(random) : anyEntry(random);
+        const QByteArray text = randomEntry(random);
         const auto expected = reference(text);
         QVERIFY2(same(parsed(text), expected), text.constData());
         const QByteArray line = text + QByteArray(numberscan::margin, '7');
