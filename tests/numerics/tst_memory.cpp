@@ -23,7 +23,6 @@ private slots:
     void rowsFollowOneAnother();
     void boundsMayBeginAnywhere();
     void emptyShapesCanBeMadeAndFreed();
-    void shapesThatNoMemoryCanHoldAreReported();
     void ownersMoveAndClone();
     void workingRowsBeginOnCacheLinesAndHoldZeros();
     void theReportInForceIsReplaced();
@@ -65,17 +64,6 @@ void TestMemory::emptyShapesCanBeMadeAndFreed()
     free_dvector(nullptr, 0);
     free_matrix(nullptr, 0, 0);
     QCOMPARE(Vector(0).size(), 0);
-}
-
-void TestMemory::shapesThatNoMemoryCanHoldAreReported()
-{
-    const Reports reports;
-    const int most = std::numeric_limits<int>::max();
-    const Matrix m(100, most);
-    QVERIFY(Matrix(most, most).isNull());
-    QVERIFY(m.isNull());
-    QCOMPARE(m.rows(), 0);
-    QVERIFY(Reports::texts.contains(QStringLiteral("allocation failure 2 in matrix()")));
 }
 
 void TestMemory::ownersMoveAndClone()
