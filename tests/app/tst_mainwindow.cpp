@@ -6,6 +6,7 @@
 #include "support/samplefile.h"
 #include "support/testsettings.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
@@ -16,6 +17,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTabBar>
@@ -57,6 +59,7 @@ private slots:
     void missingGuideIsTold();
     void droppedFilesAreTakenAndLeftAlone();
     void everySlotIsConnected();
+    void theKeyboardReachesEveryControl();
 
 private:
     QAction* action(MainWindow& window, const char* name) const
@@ -308,6 +311,30 @@ void TestMainWindow::everySlotIsConnected()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral("No matching signal")));
     const MainWindow window(nullptr);
+}
+
+/// Tab order is a ring; a wrong order in a form splits it, and a control outside is out of reach.
+void TestMainWindow::theKeyboardReachesEveryControl()
+{
+    const Desktop desktop;
+    const SampleFile file("data.txt", "1 2 4\n2 1 5\n3 5 1\n4 3 3\n");
+    MainWindow window(nullptr);
+    read(window, "actionDataASCII", file.path());
+    window.findChild<QPushButton*>("processButton")->click();
+
+    QSet<QWidget*> reached;
+    for (QWidget* next = &window; !reached.contains(next); next = next->nextInFocusChain())
+        reached << next;
+    int controls = 0;
+    for (auto* widget : window.findChildren<QWidget*>()) {
+        if (!(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        ++controls;
+        QVERIFY2(reached.contains(widget), qPrintable(widget->objectName()));
+        if (const auto* table = qobject_cast<QAbstractItemView*>(widget))
+            QVERIFY2(!table->tabKeyNavigation(), qPrintable(widget->objectName()));
+    }
+    QVERIFY(controls > 20);
 }
 
 QTEST_MAIN(TestMainWindow)
