@@ -16,8 +16,10 @@ QString aboutTemplate()
                "AboutBox", "<p align=center><big>%1</big>(%7 bit)</p><p align=center>Version %2</p>"
                            "<p align=center>Built on %5 at %6</p>"
                            "<p align=center>Copyright %4 %3</p><hr>") +
-           QStringLiteral("<p align=center style=\"background-color:#909090\">%1<br>%2<br>"
-                          "<a href=\"%3\">%3</a><br><a href=\"mailto:%4\">%4</a></p>")
+           QStringLiteral(
+               "<p align=center style=\"background-color:#909090; color:#000000\">%1<br>%2<br>"
+               "<a style=\"color:#000000\" href=\"%3\">%3</a><br>"
+               "<a style=\"color:#000000\" href=\"mailto:%4\">%4</a></p>")
                .arg(QLatin1String(product::rightsHolder), QLatin1String(product::postalAddress),
                     QLatin1String(product::webAddress), QLatin1String(product::mailAddress)) +
            QStringLiteral("<p align=center>"

@@ -99,7 +99,9 @@ void MainWindow::addSessionTab(PelmoraSession* session)
     session->attachTabWidget(pages);
     // A single & in a tab's text would mark a shortcut letter and vanish from the path.
     QString title = session->inputFile();
-    m_form->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
+    const int index =
+        m_form->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
+    m_form->mainTabWidget->setTabToolTip(index, session->inputFile());
 }
 
 void MainWindow::on_mainTabWidget_tabCloseRequested(int index)
@@ -138,6 +140,15 @@ void MainWindow::on_actionOnline_help_triggered()
     const QUrl guide = userGuideUrl();
     if (guide.isEmpty() || !QDesktopServices::openUrl(guide))
         QMessageBox::warning(this, tr("Error"), tr("Failed to open online help."));
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    // Menu entries have no status tips of their own; their empty ones would wipe out the message
+    // about the file that was read.
+    if (event->type() == QEvent::StatusTip)
+        return true;
+    return QMainWindow::event(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

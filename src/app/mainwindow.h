@@ -24,6 +24,7 @@ public:
     ~MainWindow() override;
 
 protected:
+    bool event(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 

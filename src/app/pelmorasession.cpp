@@ -142,27 +142,31 @@ bool PelmoraSession::createCorrelationPageFromData()
     auto computed = factoranalysis::correlations(m_data.matrix(), m_rowWise);
     if (computed.isNull())
         return false;
-    removePage(m_correlationPage);
+    const int place = removePage(m_correlationPage);
     m_correlations.setMatrix(std::move(computed.matrix));
     m_correlations.setNames(m_data.names().first(m_correlations.rows()));
     m_standardised = std::move(computed.standardised);
-    return createCorrelationPage();
+    return showCorrelations(place);
 }
 
 bool PelmoraSession::createCorrelationPage()
 {
+    return showCorrelations(removePage(m_correlationPage));
+}
+
+bool PelmoraSession::showCorrelations(int place)
+{
     if (!m_pages)
         return false;
-    removePage(m_correlationPage);
     m_correlationPage = new CorrForm(this, m_pages);
     m_correlationPage->fill(m_correlations);
-    m_pages->addPage(m_correlationPage, tr("Correlations"), false);
+    m_pages->addPage(m_correlationPage, tr("Correlations"), false, place);
     return true;
 }
 
 void PelmoraSession::createPcaPage()
 {
-    removePage(m_pcaPage);
+    const int place = removePage(m_pcaPage);
     m_decomposition = factoranalysis::decompose(m_correlations.matrix());
     if (!m_pages || m_decomposition.isNull())
         return;
@@ -172,17 +176,17 @@ void PelmoraSession::createPcaPage()
     m_pcaPage->fillEigenvalues(m_decomposition.eigenvalues);
     m_pcaPage->fillEigenvectors(m_decomposition.eigenvectors);
     m_pcaPage->fillInitialLoadings(m_decomposition.initialLoadings);
-    m_pages->addPage(m_pcaPage, tr("PCA"), false);
+    m_pages->addPage(m_pcaPage, tr("PCA"), false, place);
     m_pages->setCurrentWidget(m_pcaPage);
 }
 
-void PelmoraSession::removePage(QWidget* page)
+int PelmoraSession::removePage(QWidget* page)
 {
-    if (!page)
-        return;
-    if (m_pages)
-        m_pages->removeTab(m_pages->indexOf(page));
+    const int place = page && m_pages ? m_pages->indexOf(page) : -1;
+    if (place >= 0)
+        m_pages->removeTab(place);
     delete page;
+    return place;
 }
 
 void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)

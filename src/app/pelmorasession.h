@@ -74,7 +74,9 @@ private:
     int variableCount() const;
     void createRotationPage(int numberOfFactors, const RotationPage& page);
     void addMinimalPairs(FactorForm* page, const NamedMatrix& loadings);
-    void removePage(QWidget* page);
+    bool showCorrelations(int place);
+    /// Deletes a page and returns where its tab was; -1 when there was none.
+    int removePage(QWidget* page);
 
     QPointer<SessionTabWidget> m_pages;
     AsciiData m_data;

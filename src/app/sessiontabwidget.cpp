@@ -5,9 +5,9 @@
 
 #include <QTabBar>
 
-int SessionTabWidget::addPage(QWidget* page, const QString& title, bool closable)
+int SessionTabWidget::addPage(QWidget* page, const QString& title, bool closable, int place)
 {
-    const int index = addTab(page, title);
+    const int index = insertTab(place, page, title);
     if (closable)
         return index;
     // Shrinking keeps the button in its place in the tab bar's book-keeping. Some styles have it on

@@ -13,7 +13,7 @@ class SessionTabWidget : public QTabWidget
 public:
     using QTabWidget::QTabWidget;
 
-    /// Adds @p page under @p title and returns its index. A page that is not closable shows no
-    /// close button; call this after the tabs have been made closable.
-    int addPage(QWidget* page, const QString& title, bool closable);
+    /// Adds @p page under @p title, at the end or at @p place, and returns its index. A page that
+    /// is not closable shows no close button; call this after the tabs have been made closable.
+    int addPage(QWidget* page, const QString& title, bool closable, int place = -1);
 };

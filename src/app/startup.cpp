@@ -51,7 +51,10 @@ int runProgram(QApplication& application)
 
     installErrorBox();
     MainWindow window(nullptr);
-    window.setWindowIcon(QIcon(QStringLiteral(":/pelmora/resources/pelmora_icon3d_64x64.png")));
+    const QIcon icon(QStringLiteral(":/pelmora/resources/pelmora_icon3d_64x64.png"));
+    window.setWindowIcon(icon);
+    // For boxes without a parent.
+    QGuiApplication::setWindowIcon(icon);
     window.show();
     splash->finish(&window);
     return application.exec();

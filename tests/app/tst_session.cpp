@@ -301,6 +301,7 @@ void TestSession::orientationThereAndBackIsTheSameToTheBit()
     QCOMPARE(titles(live.tabs), QStringList({"Raw data", "Correlations", "PCA"}));
     live.session->createRotationPages(2, 2);
     live.session->setRowWise(false);
+    QCOMPARE(titles(live.tabs), QStringList({"Raw data", "Correlations", "PCA", "Varimax[2]"}));
     QVERIFY(sameBits(before, decomposition.initialLoadings));
 }
 
