@@ -14,12 +14,14 @@
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
 
+#include <QMessageBox>
 #include <QScrollBar>
 
 #include <algorithm>
 
 namespace {
 
+constexpr unsigned manyVariables = 1000;
 constexpr int listedNames = 5; // constant variables that are named before the list is cut
 
 } // namespace
@@ -59,8 +61,6 @@ DataForm::~DataForm()
 void DataForm::fill(const AsciiData& rawData)
 {
     m_data = &rawData;
-    const auto& values = rawData.matrix();
-    m_model->fill(values.rowPointers(), values.rows(), values.columns());
     showVariables();
 }
 
@@ -68,6 +68,7 @@ void DataForm::showVariables()
 {
     m_rowWise = m_session->isRowWise();
     const auto& values = m_data->matrix();
+    m_model->fill(values.rowPointers(), values.rows(), values.columns());
     const auto statistics = pelmora::variableStatistics(values.rowPointers(), values.rows(),
                                                         values.columns(), m_rowWise);
     m_statistics->setStatistics(statistics);
@@ -142,11 +143,23 @@ void DataForm::on_radioButtonRowWise_clicked()
     chooseRowWise(true);
 }
 
+/// The time for eigenvalues grows with the cube of the variables, and nothing can stop it. Cases
+/// taken for variables by a slip of the mouse are soon very many.
+bool DataForm::wantsManyVariables(bool rowWise)
+{
+    const auto variables = rowWise ? m_data->rows() : m_data->cols();
+    return variables <= manyVariables ||
+           QMessageBox::question(
+               this, tr("Many variables"),
+               tr("This makes %1 variables, which may take very long. Go on?").arg(variables)) ==
+               QMessageBox::Yes;
+}
+
 void DataForm::chooseRowWise(bool rowWise)
 {
     if (!m_data)
         return;
-    {
+    if (rowWise != m_rowWise && wantsManyVariables(rowWise)) {
         const WaitCursor waiting;
         m_session->setRowWise(rowWise);
     }

@@ -42,6 +42,7 @@ private slots:
     void on_pushButtonSave_clicked();
 
 private:
+    bool wantsManyVariables(bool rowWise);
     void chooseRowWise(bool rowWise);
     void showVariables();
     void showNames(const QVector<QString>& names);

@@ -9,6 +9,7 @@
 #include "views/factorexport.h"
 #include "views/factormodel.h"
 #include "views/fileexport.h"
+#include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
@@ -55,6 +56,7 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
 {
     m_ui->setupUi(this);
     m_ui->scoresTable->setModel(m_scoresModel);
+    m_ui->tableFactors->setVerticalHeader(new NameHeader(Qt::Vertical, m_ui->tableFactors));
     m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestNameInCharacters *
                                                           fontMetrics().averageCharWidth());
     installTableCopy(m_ui->tableFactors);

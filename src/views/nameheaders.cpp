@@ -20,7 +20,8 @@ NameHeader::NameHeader(Qt::Orientation orientation, QWidget* parent)
     : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
-    setHighlightSections(true);
+    // Bold labels would be wider than what was made to fit.
+    setHighlightSections(false);
 }
 
 void NameHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
@@ -48,12 +49,12 @@ QString NameHeader::label(int section) const
 
 QString NameHeader::shownLabel(int section) const
 {
-    QString text = label(section);
-    if (text.contains(u'\n')) // one of ours, not a name
-        return text;
     const int margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
     const int width = orientation() == Qt::Horizontal ? sectionSize(section) : viewport()->width();
-    return fontMetrics().elidedText(text, Qt::ElideRight, width - margin);
+    QStringList lines = label(section).split(u'\n');
+    for (QString& line : lines)
+        line = fontMetrics().elidedText(line, Qt::ElideRight, width - margin);
+    return lines.join(u'\n');
 }
 
 void installNameHeaders(QTableView* view)
