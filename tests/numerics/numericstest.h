@@ -12,9 +12,10 @@
 #include <QFile>
 #include <QStringList>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
-#include <cstring>
-#include <limits>
+#include <cstdint>
 #include <vector>
 
 /// What the tests of the numerics share.
@@ -110,7 +111,8 @@ inline Matrix initialLoadings(Matrix correlations, int* factorsAboveOne = nullpt
 /// Equal to the bit, but one NaN is as good as another.
 inline bool sameBits(double a, double b)
 {
-    return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
+           (std::isnan(a) && std::isnan(b));
 }
 
 inline bool sameBits(const double* a, const double* b, int count)

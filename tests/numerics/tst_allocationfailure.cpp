@@ -38,7 +38,8 @@ bool isAllocationMessage(const QString& text)
 
 } // namespace
 
-// The linker sends our own calls of malloc() here.
+// The linker sends our own calls of malloc() here, by these names.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" void* __real_malloc(std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size)
 {
@@ -47,6 +48,7 @@ extern "C" void* __wrap_malloc(std::size_t size)
         --allocationsBeforeFailure;
     return fails ? nullptr : __real_malloc(size);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 class TestAllocationFailure : public QObject
 {

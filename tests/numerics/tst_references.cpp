@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 using namespace pelmora;
 
@@ -55,9 +56,8 @@ double columnSum(const Matrix& l, int j, bool squared)
 /// a positive number.
 Matrix arranged(const Matrix& l, int m)
 {
-    std::vector<int> order;
-    for (int j = 0; j < m; ++j)
-        order.push_back(j);
+    std::vector<int> order(std::size_t(m), 0);
+    std::iota(order.begin(), order.end(), 0);
     std::sort(order.begin(), order.end(),
               [&](int a, int b) { return columnSum(l, a, true) > columnSum(l, b, true); });
     Matrix result(l.rows(), m);
