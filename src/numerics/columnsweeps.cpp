@@ -109,8 +109,7 @@ double ColumnSweeps::trialOf(ColumnTurn turn, int j, int k)
     return turnColumnsInto(m_l[j], m_l[k], m_variables, turn, m_work[0], m_work[1]).sum();
 }
 
-/// The angle not taken is never looked at: of the two, one is the maximum and the other the
-/// minimum.
+/// The angle not taken is never looked at: one of the two is the maximum, the other the minimum.
 std::optional<ColumnTurn> ColumnSweeps::methodAwareTurn(int j, int k)
 {
     PairSums sums;
@@ -168,8 +167,8 @@ void ColumnSweeps::turnToNearest(int j, int k)
 }
 
 /// Turns pair (j, k) and, unless it is too early for it, pair (j + 1, k - 1), whose sums are given.
-/// Leaves the sums of the next pairs (j, k + 1) and (j + 1, k); a column of zeros stands in for k +
-/// 1 at the end.
+/// Leaves the sums of the next pairs (j, k + 1) and (j + 1, k). After the last column comes one of
+/// zeros.
 void ColumnSweeps::advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums)
 {
     const int p = m_variables;
