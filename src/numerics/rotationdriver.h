@@ -13,8 +13,8 @@ inline constexpr double rotationTolerance = 1e-12;
 
 /// Plain sweeps go to the nearest stationary point, which can be of the wrong kind; two sweeps may
 /// then undo each other for ever, and where the criterion is flat the factors may drift for ever.
-/// Takes the total of every refining sweep and tells when it is time to give up. It must never do so
-/// when a refinement would end by itself; none of these was seen to swing for more than a dozen
+/// Takes the total of every refining sweep and tells when it is time to give up. It must never do
+/// so when a refinement would end by itself; none of these was seen to swing for more than a dozen
 /// sweeps.
 class EndlessRefinement
 {
