@@ -77,14 +77,13 @@ Decomposition decompose(const Matrix& correlations)
     Matrix destroyed = correlations.clone();
     result.eigenvalues = Vector(n);
     result.eigenvectors = Matrix(n, n);
-    Matrix loadings(n, n);
-    if (destroyed.isNull() || result.eigenvalues.isNull() || result.eigenvectors.isNull() ||
-        loadings.isNull())
+    if (destroyed.isNull() || result.eigenvalues.isNull() || result.eigenvectors.isNull())
         return {};
 
     result.rotations = pelmora::jacobi(destroyed.rowPointers(), n, result.eigenvalues.data(),
                                        result.eigenvectors.rowPointers());
     pelmora::sort_eigenpairs(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n);
+    Matrix loadings = std::move(destroyed);
     pelmora::initial_loadings(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n, n,
                               loadings.rowPointers());
     result.initialLoadings = std::move(loadings);

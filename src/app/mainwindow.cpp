@@ -18,6 +18,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QShortcut>
 
 struct MainWindow::InputKind
 {
@@ -35,6 +36,11 @@ MainWindow::MainWindow(QWidget* parent)
 {
     m_form->setupUi(this);
     setAcceptDrops(true);
+    auto* close = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this);
+    connect(close, &QShortcut::activated, this, [this] {
+        if (m_form->mainTabWidget->count() > 0)
+            emit m_form->mainTabWidget->tabCloseRequested(m_form->mainTabWidget->currentIndex());
+    });
     m_form->actionShow_splash->setChecked(settings::showSplash());
     m_form->actionOpen_explorer_when_closing->setChecked(settings::openFolderAfterClosing());
 }

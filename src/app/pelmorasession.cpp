@@ -269,4 +269,6 @@ void PelmoraSession::setRowWise(bool rowWise)
         return;
     }
     createPcaPage();
+    // Factor pages of this orientation missed the names that were given in the other.
+    emit variableNamesChanged(variableNames());
 }

@@ -3,18 +3,44 @@
 
 #include "app/sessiontabwidget.h"
 
+#include <QShortcut>
 #include <QTabBar>
+
+namespace {
+
+/// Some styles have the close button on the left.
+QWidget* closeButton(const QTabBar* bar, int index)
+{
+    QWidget* button = bar->tabButton(index, QTabBar::RightSide);
+    return button ? button : bar->tabButton(index, QTabBar::LeftSide);
+}
+
+} // namespace
+
+SessionTabWidget::SessionTabWidget(QWidget* parent) : QTabWidget(parent)
+{
+    auto* close = new QShortcut(QKeySequence::Close, this);
+    close->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(close, &QShortcut::activated, this, &SessionTabWidget::requestClose);
+}
 
 int SessionTabWidget::addPage(QWidget* page, const QString& title, bool closable, int place)
 {
     const int index = insertTab(place, page, title);
-    if (closable)
-        return index;
-    // Shrinking keeps the button in its place in the tab bar's book-keeping. Some styles have it on
-    // the left.
-    for (const auto side : {QTabBar::RightSide, QTabBar::LeftSide}) {
-        if (QWidget* closeButton = tabBar()->tabButton(index, side))
-            closeButton->resize(0, 0);
-    }
+    // Shrinking keeps the button in its place in the tab bar's book-keeping.
+    if (QWidget* button = closable ? nullptr : closeButton(tabBar(), index))
+        button->resize(0, 0);
     return index;
+}
+
+bool SessionTabWidget::isClosable(int index) const
+{
+    const QWidget* button = closeButton(tabBar(), index);
+    return button && !button->size().isEmpty();
+}
+
+void SessionTabWidget::requestClose()
+{
+    if (isClosable(currentIndex()))
+        emit tabCloseRequested(currentIndex());
 }

@@ -5,15 +5,20 @@
 
 #include <QTabWidget>
 
-/// The pages of one analysis session.
+/// The pages of one analysis session. The usual key for closing closes the page in front where its
+/// button would.
 class SessionTabWidget : public QTabWidget
 {
     Q_OBJECT
 
 public:
-    using QTabWidget::QTabWidget;
+    explicit SessionTabWidget(QWidget* parent = nullptr);
 
     /// Adds @p page under @p title, at the end or at @p place, and returns its index. A page that
     /// is not closable shows no close button; call this after the tabs have been made closable.
     int addPage(QWidget* page, const QString& title, bool closable, int place = -1);
+
+private:
+    bool isClosable(int index) const;
+    void requestClose();
 };

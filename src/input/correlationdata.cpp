@@ -44,7 +44,10 @@ void writeCorrelations(std::ostream& out, const CorrelationData& correlations, u
     for (int i = 0; i < m.rows(); ++i) {
         std::string line;
         for (int j = 0; j < m.columns(); ++j) {
-            const std::string text = fileText(numbertext::rounded(m[i][j], decimals));
+            // Both triangles from the upper one, which the decomposition reads: they may differ by
+            // a last bit, which rounding could turn into an asymmetry that the reader refuses.
+            const double value = m[std::min(i, j)][std::max(i, j)];
+            const std::string text = fileText(numbertext::rounded(value, decimals));
             // A covariance may fill the field: one blank stays before it all the same.
             line += numbertext::rightAligned(text, std::max(width, text.size() + 1));
         }

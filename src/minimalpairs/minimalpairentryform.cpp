@@ -92,6 +92,7 @@ void MinimalPairEntryForm::showNames()
     m_ui->labelPair->setText(
         tr("%1 minimal pair\nvar. %2\nvar. %3")
             .arg(ranks[static_cast<std::size_t>(m_rank)], cut(first.name), cut(second.name)));
+    m_ui->labelPair->setToolTip((first.name + u'\n' + second.name).toHtmlEscaped());
     m_ui->tableWidget->setHorizontalHeaderLabels({first.name, second.name, tr("| difference |")});
     m_ui->tableWidget->resizeColumnsToContents();
     m_ui->tableWidget->updateGeometry();

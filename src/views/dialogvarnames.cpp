@@ -47,6 +47,7 @@ void DialogVarNames::setRowCount(int n)
 
 void DialogVarNames::setNames(const QVector<QString>& names)
 {
+    m_given = names;
     const auto count = std::min<qsizetype>(names.size(), m_ui->tableWidget->rowCount());
     for (int i = 0; i < count; ++i)
         m_ui->tableWidget->setItem(i, 0, new QTableWidgetItem(names[i]));
@@ -57,7 +58,7 @@ QVector<QString> DialogVarNames::names() const
     QVector<QString> names(m_ui->tableWidget->rowCount());
     for (int i = 0; i < m_ui->tableWidget->rowCount(); ++i)
         if (const auto* item = m_ui->tableWidget->item(i, 0))
-            names[i] = onOneLine(item->text());
+            names[i] = item->text() == m_given.value(i) ? item->text() : onOneLine(item->text());
     return names;
 }
 

@@ -38,6 +38,7 @@ public:
 
 private:
     std::unique_ptr<Ui::DialogVarNames> m_ui;
+    QVector<QString> m_given; ///< only names that differ from these are tidied
 };
 
 /// Shows the names of @p session's variables for editing and hands them back when the user accepts.

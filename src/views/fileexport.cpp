@@ -52,8 +52,11 @@ void runExport(QWidget* parent, const FileExport& fileExport,
     const auto mode = fileExport.isBinary ? std::ios_base::binary : std::ios_base::openmode();
     std::ofstream file(QFileInfo(fileName).filesystemFilePath(), mode);
     if (!file) {
-        QMessageBox::warning(parent, tr("Error opening file"),
-                             tr("Cannot open file %1").arg(fileName));
+        QMessageBox box(QMessageBox::Warning, tr("Error opening file"),
+                        tr("Cannot open file %1").arg(fileName), QMessageBox::Ok, parent);
+        // A file's name may look like markup.
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
         return;
     }
     const QString failure = writeAndClose(file, fileExport.badStreamText, write);

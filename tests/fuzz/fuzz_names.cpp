@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(linetext::kindOf(line) == linetext::Name, "a name makes a name line");
     const int back = linetext::parseName(linetext::trimmed(line).toString(), name);
     require(back == 0, "a name leaves its number alone");
-    // What looks like a header inside of a name cuts it, as described.
+    // What looks like a header inside of a name cuts it.
     require(name == linetext::trimmed(given) || given.contains(QStringLiteral("vname")),
             "a name survives");
     return 0;

@@ -112,9 +112,12 @@ void TestDialogs::missingAndSurplusNames()
 void TestDialogs::aNameStaysOnOneLine()
 {
     DialogVarNames dialog(nullptr);
-    dialog.setRowCount(1);
-    dialog.setNames({QStringLiteral("a\tb\nc\rd\u2028e\u0085f")});
-    QCOMPARE(dialog.names(), QVector<QString>{QStringLiteral("a b c d e f")});
+    dialog.setRowCount(2);
+    const QString untouched = QStringLiteral("read\tso");
+    dialog.setNames({QStringLiteral("a"), untouched});
+    dialog.findChild<QTableWidget*>()->item(0, 0)->setText(
+        QStringLiteral("a\tb\nc\rd\u2028e\u0085f"));
+    QCOMPARE(dialog.names(), (QVector<QString>{QStringLiteral("a b c d e f"), untouched}));
 }
 
 void TestDialogs::aNameBeingTypedIsTaken()
