@@ -12,11 +12,24 @@ function(pelmora_set_options target)
     endif()
 endfunction()
 
+# Ninja looks at the objects before the forms are made anew, so a source must name its form, or the
+# first build after a change would miss it.
+function(pelmora_depend_on_forms)
+    foreach(source IN LISTS ARGN)
+        get_filename_component(name ${source} NAME_WE)
+        set(form ${PROJECT_SOURCE_DIR}/forms/${name}.ui)
+        if(EXISTS ${form})
+            set_property(SOURCE ${source} APPEND PROPERTY OBJECT_DEPENDS ${form})
+        endif()
+    endforeach()
+endfunction()
+
 # pelmora_add_library(<folder> SOURCES <file>... [LINK <target>...])
 # One static library per folder of src; includes are written from there: "numerics/jacobi.h".
 function(pelmora_add_library folder)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
     add_library(pelmora_${folder} STATIC ${arg_SOURCES})
+    pelmora_depend_on_forms(${arg_SOURCES})
     target_include_directories(pelmora_${folder} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(pelmora_${folder} PUBLIC ${arg_LINK})
     pelmora_set_options(pelmora_${folder})
