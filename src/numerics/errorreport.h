@@ -9,7 +9,8 @@ namespace pelmora {
 using ErrorReport = void (*)(const char* text);
 
 /// Replaces the report that numerical faults go through and returns the one before it.
-/// The first report writes to standard error; the program sets one that opens a box.
+/// The first report, which null brings back, writes to standard error; the program sets one that
+/// opens a box.
 ErrorReport setErrorReport(ErrorReport report);
 
 /// Reports @p text through the report in force; the caller then carries on.

@@ -55,15 +55,6 @@ void finish(const JacobiState& state, double** a, double** v)
     }
 }
 
-double offDiagonalSum(const AlignedRows& matrix, int n)
-{
-    double sum = 0.0;
-    for (int i = 0; i < n - 1; ++i)
-        for (int j = i + 1; j < n; ++j)
-            sum += std::fabs(matrix[i][j]);
-    return sum;
-}
-
 /// Sweeps until nothing is left above the diagonal; false when that never came.
 template <typename Sweep>
 bool iterate(JacobiState& state, double* b, Sweep sweep)
@@ -90,6 +81,15 @@ bool iterate(JacobiState& state, double* b, Sweep sweep)
 }
 
 } // namespace
+
+double offDiagonalSum(const AlignedRows& matrix, int n)
+{
+    double sum = 0.0;
+    for (int i = 0; i < n - 1; ++i)
+        for (int j = i + 1; j < n; ++j)
+            sum += std::fabs(matrix[i][j]);
+    return sum;
+}
 
 int jacobi(double** a, int n, double* d, double** v)
 {

@@ -30,6 +30,9 @@ struct JacobiState
     int rotations = 0;
 };
 
+/// The sum of the absolute values above the diagonal.
+double offDiagonalSum(const AlignedRows& matrix, int n);
+
 /// True when adding x leaves y as it is.
 PELMORA_ALWAYS_INLINE bool isNegligible(double x, double y)
 {
@@ -56,20 +59,25 @@ PELMORA_ALWAYS_INLINE double rotationTangent(double g, double h)
     return sign / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
 }
 
+/// The rotation by the angle with tangent @p t.
+PELMORA_ALWAYS_INLINE PlaneRotation planeRotation(double t)
+{
+    const double c = 1.0 / std::sqrt(t * t + 1.0);
+    const double s = t * c;
+    return {s, s / (1.0 + c)};
+}
+
 /// Makes element g vanish: moves the diagonal and counts, and returns what the rows then take.
 PELMORA_ALWAYS_INLINE PlaneRotation startRotation(JacobiState& state, double g, int ip, int iq)
 {
     const double t = rotationTangent(g, state.d[iq] - state.d[ip]);
-    const double c = 1.0 / std::sqrt(t * t + 1.0);
-    const double s = t * c;
-    const double tau = s / (1.0 + c);
     const double shift = t * g;
     state.z[ip] -= shift;
     state.z[iq] += shift;
     state.d[ip] -= shift;
     state.d[iq] += shift;
     ++state.rotations;
-    return {s, tau};
+    return planeRotation(t);
 }
 
 /// Rotates a pair of elements.

@@ -13,8 +13,8 @@ enum RotationMethod : int {
 };
 
 /// Variance of the squared loadings of factor j over p variables (raw Varimax, no row
-/// normalisation): V(j) = sum(l^4) / p - sum(l^2)^2 / p^2. Kaiser, H. F. (1958), Psychometrika 23,
-/// 187-200.
+/// normalisation): V(j) = sum(l^4) / p - sum(l^2)^2 / p^2.
+/// Kaiser, H. F. (1958), Psychometrika 23, 187-200.
 double column_criterion(const double* const* l, int j, int p);
 
 /// The two angles at which V(j) + V(k) is stationary when columns j and k are rotated in their
@@ -26,6 +26,8 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
 /// Rotates every pair of the first m columns once, each to the angle that @p method asks for.
 /// @param l  p x (at least m + 1) loadings; columns 0..m-1 are rotated
 /// @param b  p x (at least m); receives the same rotations
+/// A pair without a usable angle stays as it stands. After a reported allocation failure the
+/// rotated columns are NaN.
 /// @returns the criterion of columns 0..m-2 and m after the sweep: m - 1 is left out and the
 ///          unrotated column m counted, on purpose, since the end of long rotations depends on it
 double rotation_sweep(double** l, double** b, int m, int p, int method);
@@ -33,7 +35,8 @@ double rotation_sweep(double** l, double** b, int m, int p, int method);
 /// Rotates the first m factors orthogonally, in place, by Varimax (method 1) or by the Pelmora
 /// rotation (method 0), which minimises the criterion that Varimax maximises.
 /// Two method-aware sweeps choose the basin; plain sweeps then refine until two totals differ by at
-/// most 1e-12. m <= 1 changes nothing. Arguments as for rotation_sweep().
+/// most 1e-12. Where they never would, sweeps that only ever improve the criterion end it (see
+/// rotationdriver.h). m <= 1 changes nothing. Arguments and failures as for rotation_sweep().
 void rotate(double** l, double** b, int m, int p, int method);
 
 } // namespace pelmora

@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 
+include(${PROJECT_SOURCE_DIR}/src/numerics/kernelflags.cmake)
 get_target_property(kernels pelmora_numerics SOURCES)
 list(TRANSFORM kernels PREPEND ${PROJECT_SOURCE_DIR}/src/numerics/)
 file(GLOB kernel_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/numerics/*.h)
@@ -13,7 +14,8 @@ function(pelmora_add_bits name)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src)
     set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF)
     pelmora_set_options(${name})
-    target_compile_options(${name} PRIVATE -Wno-psabi ${ARGN})
+    pelmora_set_kernel_flags(${name})
+    target_compile_options(${name} PRIVATE ${ARGN})
     set(bits_programs ${bits_programs} $<TARGET_FILE:${name}> PARENT_SCOPE)
 endfunction()
 
