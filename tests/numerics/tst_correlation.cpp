@@ -56,8 +56,16 @@ void TestCorrelation::equalsThePlainFormToTheBit_data()
             QTest::addRow("%d x %d, flag %d", rows, columns, flag) << rows << columns << flag;
     };
     // Blocks hold 128 cases, panels 8 variables.
-    for (const auto& [rows, columns] :
-         {std::pair(1, 1), {1, 5}, {5, 1}, {127, 7}, {128, 8}, {129, 9}, {257, 17}, {17, 257}})
+    for (const auto& [rows, columns] : {std::pair(0, 3),
+                                        {3, 0},
+                                        {1, 1},
+                                        {1, 5},
+                                        {5, 1},
+                                        {127, 7},
+                                        {128, 8},
+                                        {129, 9},
+                                        {257, 17},
+                                        {17, 257}})
         add(rows, columns);
     for (int i = 0; i < 20; ++i)
         add(random.integer(1, 40), random.integer(1, 40));
