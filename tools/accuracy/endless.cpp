@@ -107,7 +107,7 @@ void run(std::int64_t first, std::int64_t count, int threadCount)
 
 int main(int argc, char** argv)
 {
-    const std::int64_t count = argc > 1 ? std::atoll(argv[1]) : 120000;
+    const std::int64_t count = argc > 1 ? std::atoll(argv[1]) : 110000;
     const int threads = argc > 2 ? std::atoi(argv[2]) : 3;
     const std::int64_t first = argc > 3 ? std::atoll(argv[3]) : 0;
     if (argc > 4 || count < 1 || threads < 1) {

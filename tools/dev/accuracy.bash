@@ -4,9 +4,11 @@
 # Measures the accuracy of the numerics.
 #
 # usage: ./dev accuracy
+#        ./dev accuracy endless [count [threads [first]]]
 #
 # Prints the tables of docs/accuracy.md and puts them in their place there. Takes about a minute; LAPACK, R and
-# mpmath serve for comparison.
+# mpmath serve for comparison. With "endless" it makes data sets and sees whether every rotation of them ends, and
+# where it should: the table of docs/robustness.md, for which the processor is busy for an hour or two.
 
 # shellcheck disable=SC2034 # need looks it up
 packages+=([accuracy]="liblapack-dev r-base-core python3-mpmath")
@@ -18,7 +20,11 @@ document=docs/accuracy.md
 
 say "Building (accuracy)"
 cmake --preset release -B "$folder" -DPELMORA_ACCURACY=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build "$folder" --target pelmora_accuracy
+cmake --build "$folder" --target pelmora_accuracy pelmora_endless
+if [ "${1:-}" = endless ]; then
+    say "Rotating"
+    exec "$folder/tools/accuracy/pelmora_endless" "${@:2}"
+fi
 measure=$folder/tools/accuracy/pelmora_accuracy
 
 say "Making what is compared with"
