@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 // The described pair sums, arranged for the cache and for vectors. Blocks of cases are centred and
-// packed into panels of eight variables, case after case; a tile of sums, four variables against
-// eight, stays in registers while it runs through a block. Every sum still takes its cases in their
-// order. The sum of a pair is the same in both triangles, only the division differs, and the sum of
-// a variable with itself is what its variance divides.
+// packed into panels of eight variables, case after case; a tile of sums, two or four variables
+// against eight, stays in registers while it runs through a block. Every sum still takes its cases
+// in their order. The sum of a pair is the same in both triangles, only the division differs, and
+// the sum of a variable with itself is what its variance divides.
 
 #include "numerics/correlation.h"
 
@@ -22,7 +22,6 @@ namespace pelmora {
 namespace {
 
 constexpr int panelWidth = 8;
-constexpr int tileHeight = 4;
 constexpr int casesPerBlock = 128;
 
 struct RawData
@@ -34,20 +33,23 @@ struct RawData
 };
 
 /// Four cases at a time, so that a sum is fetched and put back once for all of them.
-PELMORA_VECTOR_CLONES
-void sumColumns(const RawData& data, double* __restrict sum)
+struct SumColumns
 {
-    std::fill_n(sum, data.variables, 0.0);
-    int i = 0;
-    for (; i + 4 <= data.cases; i += 4) {
-        const double* const* rows = data.x + i;
-        for (int j = 0; j < data.variables; ++j)
-            sum[j] = sum[j] + rows[0][j] + rows[1][j] + rows[2][j] + rows[3][j];
+    template <typename>
+    PELMORA_ALWAYS_INLINE static void run(const RawData& data, double* __restrict sum)
+    {
+        std::fill_n(sum, data.variables, 0.0);
+        int i = 0;
+        for (; i + 4 <= data.cases; i += 4) {
+            const double* const* rows = data.x + i;
+            for (int j = 0; j < data.variables; ++j)
+                sum[j] = sum[j] + rows[0][j] + rows[1][j] + rows[2][j] + rows[3][j];
+        }
+        for (; i < data.cases; ++i)
+            for (int j = 0; j < data.variables; ++j)
+                sum[j] += data.x[i][j];
     }
-    for (; i < data.cases; ++i)
-        for (int j = 0; j < data.variables; ++j)
-            sum[j] += data.x[i][j];
-}
+};
 
 /// Several rows at a time: their sums do not wait for one another.
 void sumRows(const RawData& data, double* sum)
@@ -68,7 +70,7 @@ void findMeans(const RawData& data, double* mean)
     if (data.rowWise)
         sumRows(data, mean);
     else
-        sumColumns(data, mean);
+        runKernel<SumColumns>(data, mean);
     // Row-wise data divide by the number of variables, on purpose.
     const int divisor = data.rowWise ? data.variables : data.cases;
     for (int j = 0; j < data.variables; ++j)
@@ -76,23 +78,25 @@ void findMeans(const RawData& data, double* mean)
 }
 
 /// Fills the panels with the centred values of some cases. Lanes beyond the last variable stay 0.
-PELMORA_VECTOR_CLONES
-void packColumns(const RawData& data, const double* mean, int firstCase, int count,
-                 AlignedRows& panels)
+struct PackColumns
 {
-    const int whole = data.variables / panelWidth * panelWidth;
-    for (int i = 0; i < count; ++i) {
-        const double* values = data.x[firstCase + i];
-        double* packed = panels[0] + i * panelWidth;
-        for (int j = 0; j < whole; j += panelWidth, packed += panels.stride()) {
-            lanesAt(packed).values = lanesAt(values + j).values - lanesAt(mean + j).values;
-            lanesAt(packed + lanes).values =
-                lanesAt(values + j + lanes).values - lanesAt(mean + j + lanes).values;
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(const RawData& data, const double* mean, int firstCase,
+                                          int count, AlignedRows& panels)
+    {
+        const int whole = data.variables / panelWidth * panelWidth;
+        for (int i = 0; i < count; ++i) {
+            const double* values = data.x[firstCase + i];
+            double* panel = panels[0] + i * panelWidth;
+            for (int j = 0; j < whole; j += panelWidth, panel += panels.stride())
+                for (int lane = 0; lane < panelWidth; lane += laneCount<Lanes>)
+                    lanesAt<Lanes>(panel + lane).values = lanesAt<Lanes>(values + j + lane).values -
+                                                          lanesAt<Lanes>(mean + j + lane).values;
+            for (int j = whole; j < data.variables; ++j)
+                panel[j - whole] = values[j] - mean[j];
         }
-        for (int j = whole; j < data.variables; ++j)
-            packed[j - whole] = values[j] - mean[j];
     }
-}
+};
 
 void packRows(const RawData& data, const double* mean, int firstCase, int count,
               AlignedRows& panels)
@@ -105,41 +109,42 @@ void packRows(const RawData& data, const double* mean, int firstCase, int count,
     }
 }
 
-/// Adds the products of four variables with the eight of another panel to their sums.
-PELMORA_VECTOR_CLONES
-void addTile(const double* four, const double* eight, int count, double* sums,
-             std::ptrdiff_t stride)
+/// Adds the products of some variables with the eight of another panel to their sums.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void addTile(const double* some, const double* eight, int count, double* sums,
+                                   std::ptrdiff_t stride)
 {
-    Lanes low[tileHeight];
-    Lanes high[tileHeight];
-    for (int r = 0; r < tileHeight; ++r) {
-        low[r] = lanesAt(sums + r * stride).values;
-        high[r] = lanesAt(sums + r * stride + lanes).values;
-    }
-    for (int i = 0; i < count; ++i) {
-        const Lanes a = lanesAt(eight + i * panelWidth).values;
-        const Lanes b = lanesAt(eight + i * panelWidth + lanes).values;
-        for (int r = 0; r < tileHeight; ++r) {
-            const double factor = four[i * panelWidth + r];
-            low[r] += factor * a;
-            high[r] += factor * b;
+    constexpr int height = laneCount<Lanes>;
+    constexpr int width = panelWidth / laneCount<Lanes>;
+    Lanes tile[height][width];
+    for (int r = 0; r < height; ++r)
+        for (int v = 0; v < width; ++v)
+            tile[r][v] = lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values;
+    for (int i = 0; i < count; ++i, some += panelWidth, eight += panelWidth)
+        for (int v = 0; v < width; ++v) {
+            const Lanes values = lanesAt<Lanes>(eight + v * laneCount<Lanes>).values;
+            for (int r = 0; r < height; ++r)
+                tile[r][v] += some[r] * values;
         }
-    }
-    for (int r = 0; r < tileHeight; ++r) {
-        lanesAt(sums + r * stride).values = low[r];
-        lanesAt(sums + r * stride + lanes).values = high[r];
-    }
+    for (int r = 0; r < height; ++r)
+        for (int v = 0; v < width; ++v)
+            lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values = tile[r][v];
 }
 
 /// Adds a block of cases to the sums of all pairs on and above the diagonal.
-void addBlock(AlignedRows& panels, int panelCount, int count, AlignedRows& sums)
+struct AddBlock
 {
-    for (int j = 0; j < panelCount; ++j)
-        for (int k = j; k < panelCount; ++k)
-            for (int r = 0; r < panelWidth; r += tileHeight)
-                addTile(panels[j] + r, panels[k], count, sums[j * panelWidth + r] + k * panelWidth,
-                        sums.stride());
-}
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(AlignedRows& panels, int panelCount, int count,
+                                          AlignedRows& sums)
+    {
+        for (int j = 0; j < panelCount; ++j)
+            for (int k = j; k < panelCount; ++k)
+                for (int r = 0; r < panelWidth; r += laneCount<Lanes>)
+                    addTile<Lanes>(panels[j] + r, panels[k], count,
+                                   sums[j * panelWidth + r] + k * panelWidth, sums.stride());
+    }
+};
 
 void sumProducts(const RawData& data, const double* mean, AlignedRows& panels, AlignedRows& sums)
 {
@@ -149,8 +154,8 @@ void sumProducts(const RawData& data, const double* mean, AlignedRows& panels, A
         if (data.rowWise)
             packRows(data, mean, first, count, panels);
         else
-            packColumns(data, mean, first, count, panels);
-        addBlock(panels, panelCount, count, sums);
+            runKernel<PackColumns>(data, mean, first, count, panels);
+        runKernel<AddBlock>(panels, panelCount, count, sums);
     }
 }
 
@@ -165,15 +170,19 @@ void divideSums(const AlignedRows& sums, const double* deviation, int p, int n, 
     }
 }
 
-PELMORA_VECTOR_CLONES
-void standardiseColumns(const RawData& data, const double* mean, const double* scale)
+struct StandardiseColumns
 {
-    for (int i = 0; i < data.cases; ++i) {
-        double* __restrict row = data.x[i];
-        for (int j = 0; j < data.variables; ++j)
-            row[j] = (row[j] - mean[j]) * scale[j];
+    template <typename>
+    PELMORA_ALWAYS_INLINE static void run(const RawData& data, const double* mean,
+                                          const double* scale)
+    {
+        for (int i = 0; i < data.cases; ++i) {
+            double* __restrict row = data.x[i];
+            for (int j = 0; j < data.variables; ++j)
+                row[j] = (row[j] - mean[j]) * scale[j];
+        }
     }
-}
+};
 
 void standardiseRows(const RawData& data, const double* mean, const double* scale)
 {
@@ -214,7 +223,7 @@ double** correlate(double** x, int nrows, int ncols, int flag)
     if (rowWise)
         standardiseRows(data, mean.data(), deviation.data());
     else
-        standardiseColumns(data, mean.data(), deviation.data());
+        runKernel<StandardiseColumns>(data, mean.data(), deviation.data());
     return r;
 }
 

@@ -30,68 +30,112 @@ struct Turn
 };
 static_assert(sizeof(Turn) == 3 * sizeof(double));
 
-template <int Vectors>
-PELMORA_ALWAYS_INLINE void turnStrip(double* ipRow, double* firstRow, std::ptrdiff_t stride,
-                                     const Turn* turns, int count)
+/// The rows that a turn concerns, from some column on.
+struct Strip
+{
+    double* ipRow;
+    double* firstRow;
+    std::ptrdiff_t stride;
+};
+
+template <typename Lanes, int Vectors>
+PELMORA_ALWAYS_INLINE void turnStrip(const Strip& strip, const Turn* turns, int count)
 {
     Lanes x[Vectors];
     for (int i = 0; i < Vectors; ++i)
-        x[i] = lanesAt(ipRow + i * lanes).values;
+        x[i] = lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values;
     for (const Turn* turn = turns; turn != turns + count; ++turn) {
         const PlaneRotation rotation = turn->rotation;
-        double* y = firstRow + turn->iq * stride;
+        double* y = strip.firstRow + turn->iq * strip.stride;
         for (int i = 0; i < Vectors; ++i)
-            rotatePairs(x[i], y + i * lanes, rotation);
+            rotatePairs(x[i], y + i * laneCount<Lanes>, rotation);
     }
     for (int i = 0; i < Vectors; ++i)
-        lanesAt(ipRow + i * lanes).values = x[i];
+        lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values = x[i];
 }
 
 /// Applies turns, in their order, to the columns from @p first up to @p end (multiples of eight).
-PELMORA_VECTOR_CLONES
-void turnColumns(AlignedRows& rows, int ip, const Turn* turns, int count, int first, int end)
+struct TurnColumns
 {
-    int column = first;
-    for (; column + stripLength <= end; column += stripLength)
-        turnStrip<8>(rows[ip] + column, rows[0] + column, rows.stride(), turns, count);
-    double* x = rows[ip] + column;
-    double* start = rows[0] + column;
-    switch ((end - column) / blockSize) {
-    case 3:
-        return turnStrip<6>(x, start, rows.stride(), turns, count);
-    case 2:
-        return turnStrip<4>(x, start, rows.stride(), turns, count);
-    case 1:
-        return turnStrip<2>(x, start, rows.stride(), turns, count);
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int ip, const Turn* turns, int count,
+                                          int first, int end)
+    {
+        constexpr int length = 8 * laneCount<Lanes>;
+        Strip strip{rows[ip] + first, rows[0] + first, rows.stride()};
+        int left = end - first;
+        for (; left >= length; left -= length) {
+            turnStrip<Lanes, 8>(strip, turns, count);
+            strip.ipRow += length;
+            strip.firstRow += length;
+        }
+        turnRest<Lanes>(strip, left * 8 / length, turns, count);
     }
-}
 
-/// Writes the transpose of four rows of four.
-PELMORA_ALWAYS_INLINE void transposeFour(const double* from, double* to, std::ptrdiff_t stride)
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void turnRest(const Strip& strip, int vectors, const Turn* turns,
+                                               int count)
+    {
+        if (vectors == 6)
+            turnStrip<Lanes, 6>(strip, turns, count);
+        else if (vectors == 4)
+            turnStrip<Lanes, 4>(strip, turns, count);
+        else if (vectors == 2)
+            turnStrip<Lanes, 2>(strip, turns, count);
+    }
+};
+
+/// Writes the transpose of as many rows as there are lanes.
+template <typename Lanes>
+struct Transpose;
+
+template <>
+struct Transpose<TwoLanes>
 {
-    const Lanes a = lanesAt(from).values;
-    const Lanes b = lanesAt(from + stride).values;
-    const Lanes c = lanesAt(from + 2 * stride).values;
-    const Lanes d = lanesAt(from + 3 * stride).values;
-    const Lanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
-    const Lanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
-    const Lanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
-    const Lanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
-    lanesAt(to).values = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
-    lanesAt(to + stride).values = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
-    lanesAt(to + 2 * stride).values = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
-    lanesAt(to + 3 * stride).values = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
-}
+    PELMORA_ALWAYS_INLINE static void run(const double* from, double* to, std::ptrdiff_t stride)
+    {
+        const TwoLanes a = lanesAt<TwoLanes>(from).values;
+        const TwoLanes b = lanesAt<TwoLanes>(from + stride).values;
+        lanesAt<TwoLanes>(to).values = __builtin_shufflevector(a, b, 0, 2);
+        lanesAt<TwoLanes>(to + stride).values = __builtin_shufflevector(a, b, 1, 3);
+    }
+};
+
+template <>
+struct Transpose<FourLanes>
+{
+    PELMORA_ALWAYS_INLINE static void run(const double* from, double* to, std::ptrdiff_t stride)
+    {
+        const FourLanes a = lanesAt<FourLanes>(from).values;
+        const FourLanes b = lanesAt<FourLanes>(from + stride).values;
+        const FourLanes c = lanesAt<FourLanes>(from + 2 * stride).values;
+        const FourLanes d = lanesAt<FourLanes>(from + 3 * stride).values;
+        const FourLanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
+        const FourLanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
+        const FourLanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
+        const FourLanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
+        lanesAt<FourLanes>(to).values = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
+        to += stride;
+        lanesAt<FourLanes>(to).values = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
+        to += stride;
+        lanesAt<FourLanes>(to).values = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
+        to += stride;
+        lanesAt<FourLanes>(to).values = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
+    }
+};
 
 /// Copies the eight rows of a block, from column @p first up to @p end, into the columns that
 /// mirror them.
-PELMORA_VECTOR_CLONES
-void mirrorBlock(AlignedRows& rows, int block, int first, int end)
+struct MirrorBlock
 {
-    for (int column = first; column < end; column += lanes)
-        for (int half = 0; half < blockSize; half += lanes)
-            transposeFour(rows[block + half] + column, rows[column] + block + half, rows.stride());
-}
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int block, int first, int end)
+    {
+        for (int column = first; column < end; column += laneCount<Lanes>)
+            for (int row = block; row < block + blockSize; row += laneCount<Lanes>)
+                Transpose<Lanes>::run(rows[row] + column, rows[column] + row, rows.stride());
+    }
+};
 
 /// The elements where the rows and columns of a block meet, and those of row ip above them.
 struct Crossing
@@ -144,11 +188,11 @@ int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
     fetchCrossing(rows, ip, block, crossing);
     const int count = findTurns(state, ip, block, first, end, crossing, turns);
     if (count > 0) {
-        turnColumns(rows, ip, turns, count, 0, width);
+        runKernel<TurnColumns>(rows, ip, turns, count, 0, width);
         for (int iq = first; iq < block + blockSize; ++iq)
             std::copy_n(crossing.y[iq - block], blockSize, rows[iq] + block);
-        mirrorBlock(rows, block, firstBlock, block);
-        mirrorBlock(rows, block, block + blockSize, width);
+        runKernel<MirrorBlock>(rows, block, firstBlock, block);
+        runKernel<MirrorBlock>(rows, block, block + blockSize, width);
     }
     std::copy_n(crossing.x, blockSize, rows[ip] + block);
     rows[ip][ip] = 0.0;
@@ -169,8 +213,8 @@ void turnEigenvectors(JacobiState& state, HeldTurns& held)
     const int width = AlignedRows::padded(state.n);
     for (int column = 0; column < width; column += stripLength)
         for (int i = 0; i < held.size; ++i)
-            turnColumns(state.vectors, held.firstIp + i, held.turns[i], held.count[i], column,
-                        std::min(column + stripLength, width));
+            runKernel<TurnColumns>(state.vectors, held.firstIp + i, held.turns[i], held.count[i],
+                                   column, std::min(column + stripLength, width));
     held.firstIp += held.size;
     held.size = 0;
 }

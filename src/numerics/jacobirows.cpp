@@ -14,47 +14,56 @@ namespace pelmora {
 
 namespace {
 
+template <typename Lanes>
 PELMORA_ALWAYS_INLINE void rotateRows(double* x, double* y, int n, PlaneRotation r)
 {
-    for (int j = 0; j < n; j += lanes) {
-        Lanes g = lanesAt(x + j).values;
+    for (int j = 0; j < n; j += laneCount<Lanes>) {
+        Lanes g = lanesAt<Lanes>(x + j).values;
         rotatePairs(g, y + j, r);
-        lanesAt(x + j).values = g;
+        lanesAt<Lanes>(x + j).values = g;
     }
 }
 
+struct SweepByRows
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(JacobiState& state)
+    {
+        const int n = state.n;
+        for (int ip = 0; ip < n - 1; ++ip) {
+            double* x = state.matrix[ip];
+            double* v = state.vectors[ip];
+            double* behind = nullptr;
+            PlaneRotation last = {};
+            for (int iq = ip + 1; iq < n; ++iq) {
+                const double g = x[iq];
+                if (isDropped(state, g, ip, iq)) {
+                    x[iq] = 0.0;
+                } else if (std::fabs(g) > state.threshold) {
+                    const PlaneRotation rotation = startRotation(state, g, ip, iq);
+                    if (behind)
+                        rotateRows<Lanes>(v, behind, n, last);
+                    double* y = state.matrix[iq];
+                    rotateRows<Lanes>(x, y, n, rotation);
+                    x[ip] = x[iq] = y[ip] = y[iq] = 0.0;
+                    mirrorRow(state, iq, ip + 1);
+                    behind = state.vectors[iq];
+                    last = rotation;
+                }
+            }
+            if (behind)
+                rotateRows<Lanes>(v, behind, n, last);
+            mirrorRow(state, ip, ip + 1);
+        }
+        mirrorLowerTriangle(state);
+    }
+};
+
 } // namespace
 
-PELMORA_VECTOR_CLONES
 void sweepByRows(JacobiState& state)
 {
-    const int n = state.n;
-    for (int ip = 0; ip < n - 1; ++ip) {
-        double* x = state.matrix[ip];
-        double* v = state.vectors[ip];
-        double* behind = nullptr;
-        PlaneRotation last = {};
-        for (int iq = ip + 1; iq < n; ++iq) {
-            const double g = x[iq];
-            if (isDropped(state, g, ip, iq)) {
-                x[iq] = 0.0;
-            } else if (std::fabs(g) > state.threshold) {
-                const PlaneRotation rotation = startRotation(state, g, ip, iq);
-                if (behind)
-                    rotateRows(v, behind, n, last);
-                double* y = state.matrix[iq];
-                rotateRows(x, y, n, rotation);
-                x[ip] = x[iq] = y[ip] = y[iq] = 0.0;
-                mirrorRow(state, iq, ip + 1);
-                behind = state.vectors[iq];
-                last = rotation;
-            }
-        }
-        if (behind)
-            rotateRows(v, behind, n, last);
-        mirrorRow(state, ip, ip + 1);
-    }
-    mirrorLowerTriangle(state);
+    runKernel<SweepByRows>(state);
 }
 
 } // namespace pelmora

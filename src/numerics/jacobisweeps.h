@@ -90,12 +90,13 @@ PELMORA_ALWAYS_INLINE void rotatePair(double& g, double& h, PlaneRotation r)
 }
 
 /// Rotates pairs side by side, the second of each in memory.
+template <typename Lanes>
 PELMORA_ALWAYS_INLINE void rotatePairs(Lanes& g, double* h, PlaneRotation r)
 {
     const Lanes g0 = g;
-    const Lanes h0 = lanesAt(h).values;
+    const Lanes h0 = lanesAt<Lanes>(h).values;
     g = g0 - r.s * (h0 + g0 * r.tau);
-    lanesAt(h).values = h0 + r.s * (g0 - h0 * r.tau);
+    lanesAt<Lanes>(h).values = h0 + r.s * (g0 - h0 * r.tau);
 }
 
 /// Copies a row, from column @p first on, into the column that mirrors it.

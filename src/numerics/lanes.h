@@ -3,54 +3,69 @@
 
 #pragma once
 
-#include <cstdlib> // defines __GLIBC__ where it is the C library
+#include <utility>
 
-/// PELMORA_VECTOR_CLONES compiles a function twice, for AVX2 and for any processor, and picks one
-/// at start. Both give the same bits: lanes never change the order of a sum, and no clone may fuse
-/// a multiplication with an addition, so there is none for FMA or anything that brings it along.
-/// Off where the loader cannot choose, and under sanitizers, which are not up yet when it does.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define PELMORA_SANITIZED
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) ||                         \
-    __has_feature(memory_sanitizer)
-#define PELMORA_SANITIZED
-#endif
-#endif
-
-#if defined(__x86_64__) && defined(__GLIBC__) && __has_attribute(target_clones) &&                 \
-    !defined(PELMORA_SANITIZED) && !defined(PELMORA_NO_VECTOR_CLONES)
-#define PELMORA_VECTOR_CLONES __attribute__((target_clones("avx2", "default")))
+/// Whether kernels are also compiled for processors with AVX2.
+#if defined(__x86_64__) && !defined(PELMORA_NO_WIDE_KERNELS)
+#define PELMORA_WIDE_KERNELS 1
 #else
-#define PELMORA_VECTOR_CLONES
+#define PELMORA_WIDE_KERNELS 0
 #endif
 
-/// Helpers of such functions, so that they are compiled for the clone that calls them.
+/// Parts of kernels, so that they are compiled for the processor that the kernel is compiled for.
 #define PELMORA_ALWAYS_INLINE inline __attribute__((always_inline))
 
 namespace pelmora {
 
-/// Four doubles that are worked on together; the compiler takes two narrower vectors where the
-/// processor has no wider ones. Never an argument or a result by value: how these are passed
-/// depends on the processor that a function is compiled for.
-typedef double Lanes __attribute__((vector_size(32)));
+/// Doubles that are worked on together. Never an argument or a result by value: how these are
+/// passed depends on the processor that a function is compiled for.
+typedef double TwoLanes __attribute__((vector_size(16)));
+typedef double FourLanes __attribute__((vector_size(32)));
 
-inline constexpr int lanes = 4;
+template <typename Lanes>
+inline constexpr int laneCount = sizeof(Lanes) / sizeof(double);
 
 /// Lanes as they lie among doubles, without any alignment of their own.
+template <typename Lanes>
 struct __attribute__((packed, may_alias)) LanesInMemory
 {
     Lanes values;
 };
 
-PELMORA_ALWAYS_INLINE LanesInMemory& lanesAt(double* values)
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE LanesInMemory<Lanes>& lanesAt(double* values)
 {
-    return *reinterpret_cast<LanesInMemory*>(values);
+    return *reinterpret_cast<LanesInMemory<Lanes>*>(values);
 }
 
-PELMORA_ALWAYS_INLINE const LanesInMemory& lanesAt(const double* values)
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE const LanesInMemory<Lanes>& lanesAt(const double* values)
 {
-    return *reinterpret_cast<const LanesInMemory*>(values);
+    return *reinterpret_cast<const LanesInMemory<Lanes>*>(values);
+}
+
+#if PELMORA_WIDE_KERNELS
+inline const bool processorHasWideLanes = __builtin_cpu_supports("avx2");
+
+template <typename Kernel, typename... Arguments>
+__attribute__((target("avx2"))) auto runWide(Arguments&&... arguments)
+{
+    return Kernel::template run<FourLanes>(std::forward<Arguments>(arguments)...);
+}
+#endif
+
+/// Runs a kernel, a class with a static function template run<Lanes>(), with the lanes that the
+/// processor is good at: four with AVX2, two anywhere else. Both give the same bits, for lanes
+/// never change the order of a sum. There is no kernel for FMA, on purpose, nor for anything that
+/// brings it along: a fused multiplication and addition rounds once instead of twice.
+template <typename Kernel, typename... Arguments>
+auto runKernel(Arguments&&... arguments)
+{
+#if PELMORA_WIDE_KERNELS
+    if (processorHasWideLanes)
+        return runWide<Kernel>(std::forward<Arguments>(arguments)...);
+#endif
+    return Kernel::template run<TwoLanes>(std::forward<Arguments>(arguments)...);
 }
 
 } // namespace pelmora

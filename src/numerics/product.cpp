@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// Sums stay in registers: eight rows of the result against four of its columns, which share every
-// row of B that is fetched. Each sum runs through k in order, and rows and columns that are left
-// over take the same way one by one.
+// Sums stay in registers: eight rows of the result against two or four of its columns, which share
+// every row of B that is fetched. Each sum runs through k in order, and rows and columns that are
+// left over take the same way one by one.
 
 #include "numerics/product.h"
 
@@ -29,18 +29,18 @@ PELMORA_ALWAYS_INLINE double factor(const Operands& m, int i, int k)
     return Transposed ? m.a[k][i] : m.a[i][k];
 }
 
-/// Columns j to j + 3 of some rows.
-template <bool Transposed, int Rows>
-PELMORA_ALWAYS_INLINE void fourColumns(const Operands& m, int i, int j)
+/// As many columns as there are lanes, from j on.
+template <typename Lanes, bool Transposed, int Rows>
+PELMORA_ALWAYS_INLINE void someColumns(const Operands& m, int i, int j)
 {
     Lanes sum[Rows] = {};
     for (int k = 0; k < m.terms; ++k) {
-        const Lanes b = lanesAt(m.b[k] + j).values;
+        const Lanes b = lanesAt<Lanes>(m.b[k] + j).values;
         for (int row = 0; row < Rows; ++row)
             sum[row] += factor<Transposed>(m, i + row, k) * b;
     }
     for (int row = 0; row < Rows; ++row)
-        lanesAt(m.c[i + row] + j).values = sum[row];
+        lanesAt<Lanes>(m.c[i + row] + j).values = sum[row];
 }
 
 template <bool Transposed, int Rows>
@@ -56,37 +56,29 @@ PELMORA_ALWAYS_INLINE void oneColumn(const Operands& m, int i, int j)
         m.c[i + row][j] = sum[row];
 }
 
-template <bool Transposed, int Rows>
+template <typename Lanes, bool Transposed, int Rows>
 PELMORA_ALWAYS_INLINE void someRows(const Operands& m, int i, int columns)
 {
     int j = 0;
-    for (; j + lanes <= columns; j += lanes)
-        fourColumns<Transposed, Rows>(m, i, j);
+    for (; j + laneCount<Lanes> <= columns; j += laneCount<Lanes>)
+        someColumns<Lanes, Transposed, Rows>(m, i, j);
     for (; j < columns; ++j)
         oneColumn<Transposed, Rows>(m, i, j);
 }
 
 template <bool Transposed>
-PELMORA_ALWAYS_INLINE void allRows(const Operands& m, int rows, int columns)
+struct Multiply
 {
-    int i = 0;
-    for (; i + tileHeight <= rows; i += tileHeight)
-        someRows<Transposed, tileHeight>(m, i, columns);
-    for (; i < rows; ++i)
-        someRows<Transposed, 1>(m, i, columns);
-}
-
-PELMORA_VECTOR_CLONES
-void multiplyPlain(const Operands& m, int rows, int columns)
-{
-    allRows<false>(m, rows, columns);
-}
-
-PELMORA_VECTOR_CLONES
-void multiplyTransposed(const Operands& m, int rows, int columns)
-{
-    allRows<true>(m, rows, columns);
-}
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(const Operands& m, int rows, int columns)
+    {
+        int i = 0;
+        for (; i + tileHeight <= rows; i += tileHeight)
+            someRows<Lanes, Transposed, tileHeight>(m, i, columns);
+        for (; i < rows; ++i)
+            someRows<Lanes, Transposed, 1>(m, i, columns);
+    }
+};
 
 } // namespace
 
@@ -94,9 +86,9 @@ void multiply(double** c, const double* const* a, int flag, const double* const*
               int q)
 {
     if (flag == 1)
-        multiplyTransposed({c, a, b, r}, p, q);
+        runKernel<Multiply<true>>(Operands{c, a, b, r}, p, q);
     else
-        multiplyPlain({c, a, b, p}, r, q);
+        runKernel<Multiply<false>>(Operands{c, a, b, p}, r, q);
 }
 
 } // namespace pelmora

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // The loops of the rotations over contiguous columns. The four sums of a pair are the lanes of one
-// vector: the terms of four rows are formed side by side, turned from rows into lanes, and added
-// one row after the other. Such a chain of additions waits more than it works, so the hot loop
-// carries two of them, and forms the sums of the next pairs from the columns that it turns.
+// vector (or of two): the terms of some rows are formed side by side, turned from rows into lanes,
+// and added one row after the other. Such a chain of additions waits more than it works, so the hot
+// loop carries two of them, and forms the sums of the next pairs from the columns that it turns.
 
 #include "numerics/rotationkernels.h"
 
@@ -16,34 +16,89 @@ namespace pelmora {
 
 namespace {
 
-/// Adds four rows in order; a to d hold their terms, one vector for each sum.
-PELMORA_ALWAYS_INLINE void addInOrder(Lanes& sums, const Lanes& a, const Lanes& b, const Lanes& c,
-                                      const Lanes& d)
-{
-    const Lanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
-    const Lanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
-    const Lanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
-    const Lanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
-    sums += __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
-    sums += __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
-    sums += __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
-    sums += __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
-}
+/// Four sums over the rows of a column.
+template <typename Lanes>
+struct FourSums;
 
-PELMORA_ALWAYS_INLINE void addPair(Lanes& sums, const Lanes& x, const Lanes& y)
+template <>
+struct FourSums<FourLanes>
 {
-    const Lanes u = x * x - y * y;
-    const Lanes w = x * y;
-    addInOrder(sums, u, w, u * w, -0.5 * (u * u) + w * (w + w));
-}
+    FourLanes sums = {};
 
-PELMORA_ALWAYS_INLINE void addPowers(Lanes& sums, const Lanes& x, const Lanes& y)
+    double operator[](int i) const { return sums[i]; }
+
+    /// Adds four rows in order; a to d hold their terms, one vector for each sum.
+    PELMORA_ALWAYS_INLINE void add(const FourLanes& a, const FourLanes& b, const FourLanes& c,
+                                   const FourLanes& d)
+    {
+        const FourLanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
+        const FourLanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
+        const FourLanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
+        const FourLanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
+        sums += __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
+        sums += __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
+        sums += __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
+        sums += __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
+    }
+};
+
+template <>
+struct FourSums<TwoLanes>
 {
-    const Lanes xx = x * x;
-    const Lanes yy = y * y;
-    addInOrder(sums, xx, yy, xx * xx, yy * yy);
-}
+    TwoLanes sums[2] = {};
 
+    double operator[](int i) const { return sums[i / 2][i % 2]; }
+
+    /// The same for two rows.
+    PELMORA_ALWAYS_INLINE void add(const TwoLanes& a, const TwoLanes& b, const TwoLanes& c,
+                                   const TwoLanes& d)
+    {
+        sums[0] += __builtin_shufflevector(a, b, 0, 2);
+        sums[1] += __builtin_shufflevector(c, d, 0, 2);
+        sums[0] += __builtin_shufflevector(a, b, 1, 3);
+        sums[1] += __builtin_shufflevector(c, d, 1, 3);
+    }
+};
+
+template <typename Lanes>
+struct PairChain
+{
+    FourSums<Lanes> sums;
+
+    PELMORA_ALWAYS_INLINE void add(const Lanes& x, const Lanes& y)
+    {
+        const Lanes u = x * x - y * y;
+        const Lanes w = x * y;
+        sums.add(u, w, u * w, -0.5 * (u * u) + w * (w + w));
+    }
+
+    PELMORA_ALWAYS_INLINE PairSums result() const { return {sums[0], sums[1], sums[2], sums[3]}; }
+};
+
+template <typename Lanes>
+struct CriterionChain
+{
+    FourSums<Lanes> sums;
+
+    PELMORA_ALWAYS_INLINE void add(const Lanes& x, const Lanes& y)
+    {
+        const Lanes xx = x * x;
+        const Lanes yy = y * y;
+        sums.add(xx, yy, xx * xx, yy * yy);
+    }
+
+    PELMORA_ALWAYS_INLINE Criteria result(int p) const
+    {
+        return {criterion(sums[0], sums[2], p), criterion(sums[1], sums[3], p)};
+    }
+
+    static double criterion(double squares, double fourths, int p)
+    {
+        return fourths / p - squares * squares / double(std::int64_t(p) * p);
+    }
+};
+
+template <typename Lanes>
 PELMORA_ALWAYS_INLINE void turnPair(Lanes& x, Lanes& y, ColumnTurn turn)
 {
     const Lanes oldX = x;
@@ -51,119 +106,171 @@ PELMORA_ALWAYS_INLINE void turnPair(Lanes& x, Lanes& y, ColumnTurn turn)
     y = -(oldX * turn.s) + y * turn.c;
 }
 
-PELMORA_ALWAYS_INLINE PairSums pairSumsOf(const Lanes& sums)
+/// Turns a pair and leaves the results in @p x and @p y too.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void turnInPlace(double* columnX, double* columnY, ColumnTurn turn, Lanes& x,
+                                       Lanes& y)
 {
-    return {sums[0], sums[1], sums[2], sums[3]};
+    x = lanesAt<Lanes>(columnX).values;
+    y = lanesAt<Lanes>(columnY).values;
+    turnPair(x, y, turn);
+    lanesAt<Lanes>(columnX).values = x;
+    lanesAt<Lanes>(columnY).values = y;
 }
 
-PELMORA_ALWAYS_INLINE double criterionOf(double squares, double fourths, int p)
+struct SumPair
 {
-    return fourths / p - squares * squares / double(std::int64_t(p) * p);
-}
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static PairSums run(const double* x, const double* y, int p)
+    {
+        PairChain<Lanes> chain;
+        for (int i = 0; i < p; i += laneCount<Lanes>)
+            chain.add(lanesAt<Lanes>(x + i).values, lanesAt<Lanes>(y + i).values);
+        return chain.result();
+    }
+};
 
-PELMORA_ALWAYS_INLINE Criteria criteriaOf(const Lanes& powers, int p)
+struct SumTwoPairs
 {
-    return {criterionOf(powers[0], powers[2], p), criterionOf(powers[1], powers[3], p)};
-}
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(const TwoPairs& pairs, int p, PairSums& sums,
+                                          PairSums& otherSums)
+    {
+        PairChain<Lanes> chain;
+        PairChain<Lanes> otherChain;
+        for (int i = 0; i < p; i += laneCount<Lanes>) {
+            chain.add(lanesAt<Lanes>(pairs.x + i).values, lanesAt<Lanes>(pairs.next + i).values);
+            otherChain.add(lanesAt<Lanes>(pairs.otherX + i).values,
+                           lanesAt<Lanes>(pairs.y + i).values);
+        }
+        sums = chain.result();
+        otherSums = otherChain.result();
+    }
+};
+
+struct FormCriteria
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static Criteria run(const double* x, const double* y, int p)
+    {
+        CriterionChain<Lanes> chain;
+        for (int i = 0; i < p; i += laneCount<Lanes>)
+            chain.add(lanesAt<Lanes>(x + i).values, lanesAt<Lanes>(y + i).values);
+        return chain.result(p);
+    }
+};
+
+struct SumPairAndFormCriteria
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static Criteria run(const double* x, const double* y, int p,
+                                              PairSums& sums)
+    {
+        PairChain<Lanes> chain;
+        CriterionChain<Lanes> criteria;
+        for (int i = 0; i < p; i += laneCount<Lanes>) {
+            const Lanes someX = lanesAt<Lanes>(x + i).values;
+            const Lanes someY = lanesAt<Lanes>(y + i).values;
+            chain.add(someX, someY);
+            criteria.add(someX, someY);
+        }
+        sums = chain.result();
+        return criteria.result(p);
+    }
+};
+
+struct TurnColumns
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(double* x, double* y, int p, ColumnTurn turn)
+    {
+        Lanes newX;
+        Lanes newY;
+        for (int i = 0; i < p; i += laneCount<Lanes>)
+            turnInPlace(x + i, y + i, turn, newX, newY);
+    }
+};
+
+struct TurnColumnsInto
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static Criteria run(const double* x, const double* y, int p,
+                                              ColumnTurn turn, double* newX, double* newY)
+    {
+        CriterionChain<Lanes> criteria;
+        for (int i = 0; i < p; i += laneCount<Lanes>) {
+            Lanes someX = lanesAt<Lanes>(x + i).values;
+            Lanes someY = lanesAt<Lanes>(y + i).values;
+            turnPair(someX, someY, turn);
+            lanesAt<Lanes>(newX + i).values = someX;
+            lanesAt<Lanes>(newY + i).values = someY;
+            criteria.add(someX, someY);
+        }
+        return criteria.result(p);
+    }
+};
+
+struct TurnTwoPairs
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(const TwoPairs& pairs, int p, ColumnTurn turn,
+                                          ColumnTurn otherTurn, PairSums& sums, PairSums& otherSums)
+    {
+        const auto [x, y, otherX, otherY, next] = pairs;
+        PairChain<Lanes> chain;
+        PairChain<Lanes> otherChain;
+        for (int i = 0; i < p; i += laneCount<Lanes>) {
+            Lanes newX;
+            Lanes newY;
+            turnInPlace(x + i, y + i, turn, newX, newY);
+            chain.add(newX, lanesAt<Lanes>(next + i).values);
+            Lanes newOtherX;
+            Lanes newOtherY;
+            turnInPlace(otherX + i, otherY + i, otherTurn, newOtherX, newOtherY);
+            otherChain.add(newOtherX, newY);
+        }
+        sums = chain.result();
+        otherSums = otherChain.result();
+    }
+};
 
 } // namespace
 
-PELMORA_VECTOR_CLONES
 PairSums pairSums(const double* x, const double* y, int p)
 {
-    Lanes sums = {};
-    for (int i = 0; i < p; i += lanes)
-        addPair(sums, lanesAt(x + i).values, lanesAt(y + i).values);
-    return pairSumsOf(sums);
+    return runKernel<SumPair>(x, y, p);
 }
 
-PELMORA_VECTOR_CLONES
 void sumTwoPairs(const TwoPairs& pairs, int p, PairSums& sums, PairSums& otherSums)
 {
-    Lanes chain = {};
-    Lanes otherChain = {};
-    for (int i = 0; i < p; i += lanes) {
-        addPair(chain, lanesAt(pairs.x + i).values, lanesAt(pairs.next + i).values);
-        addPair(otherChain, lanesAt(pairs.otherX + i).values, lanesAt(pairs.y + i).values);
-    }
-    sums = pairSumsOf(chain);
-    otherSums = pairSumsOf(otherChain);
+    runKernel<SumTwoPairs>(pairs, p, sums, otherSums);
 }
 
-PELMORA_VECTOR_CLONES
 Criteria columnCriteria(const double* x, const double* y, int p)
 {
-    Lanes powers = {};
-    for (int i = 0; i < p; i += lanes)
-        addPowers(powers, lanesAt(x + i).values, lanesAt(y + i).values);
-    return criteriaOf(powers, p);
+    return runKernel<FormCriteria>(x, y, p);
 }
 
-PELMORA_VECTOR_CLONES
 Criteria sumPair(const double* x, const double* y, int p, PairSums& sums)
 {
-    Lanes chain = {};
-    Lanes powers = {};
-    for (int i = 0; i < p; i += lanes) {
-        addPair(chain, lanesAt(x + i).values, lanesAt(y + i).values);
-        addPowers(powers, lanesAt(x + i).values, lanesAt(y + i).values);
-    }
-    sums = pairSumsOf(chain);
-    return criteriaOf(powers, p);
+    return runKernel<SumPairAndFormCriteria>(x, y, p, sums);
 }
 
-PELMORA_VECTOR_CLONES
 void turnColumns(double* x, double* y, int p, ColumnTurn turn)
 {
-    for (int i = 0; i < p; i += lanes) {
-        Lanes turnedX = lanesAt(x + i).values;
-        Lanes turnedY = lanesAt(y + i).values;
-        turnPair(turnedX, turnedY, turn);
-        lanesAt(x + i).values = turnedX;
-        lanesAt(y + i).values = turnedY;
-    }
+    runKernel<TurnColumns>(x, y, p, turn);
 }
 
-PELMORA_VECTOR_CLONES
 Criteria turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
                          double* newY)
 {
-    Lanes powers = {};
-    for (int i = 0; i < p; i += lanes) {
-        Lanes turnedX = lanesAt(x + i).values;
-        Lanes turnedY = lanesAt(y + i).values;
-        turnPair(turnedX, turnedY, turn);
-        lanesAt(newX + i).values = turnedX;
-        lanesAt(newY + i).values = turnedY;
-        addPowers(powers, turnedX, turnedY);
-    }
-    return criteriaOf(powers, p);
+    return runKernel<TurnColumnsInto>(x, y, p, turn, newX, newY);
 }
 
-PELMORA_VECTOR_CLONES
 void turnTwoPairs(const TwoPairs& pairs, int p, ColumnTurn turn, ColumnTurn otherTurn,
                   PairSums& sums, PairSums& otherSums)
 {
-    const auto [x, y, otherX, otherY, next] = pairs;
-    Lanes chain = {};
-    Lanes otherChain = {};
-    for (int i = 0; i < p; i += lanes) {
-        Lanes newX = lanesAt(x + i).values;
-        Lanes newY = lanesAt(y + i).values;
-        turnPair(newX, newY, turn);
-        lanesAt(x + i).values = newX;
-        lanesAt(y + i).values = newY;
-        addPair(chain, newX, lanesAt(next + i).values);
-
-        Lanes newOtherX = lanesAt(otherX + i).values;
-        Lanes newOtherY = lanesAt(otherY + i).values;
-        turnPair(newOtherX, newOtherY, otherTurn);
-        lanesAt(otherX + i).values = newOtherX;
-        lanesAt(otherY + i).values = newOtherY;
-        addPair(otherChain, newOtherX, newY);
-    }
-    sums = pairSumsOf(chain);
-    otherSums = pairSumsOf(otherChain);
+    runKernel<TurnTwoPairs>(pairs, p, turn, otherTurn, sums, otherSums);
 }
 
 } // namespace pelmora

@@ -32,7 +32,7 @@ function(pelmora_add_foreign_bits name)
 endfunction()
 
 pelmora_add_bits(bits_optimised -O3)
-pelmora_add_bits(bits_without_vectors -O3 -DPELMORA_NO_VECTOR_CLONES)
+pelmora_add_bits(bits_portable -O3 -DPELMORA_NO_WIDE_KERNELS)
 pelmora_add_bits(bits_unoptimised -O0)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
