@@ -53,8 +53,9 @@ void requireReadBack(const CorrelationData& data, unsigned decimals)
     require(load(fileOf(bytes.data(), bytes.size()), back), "the export reads back");
     require(back.rows() == data.rows(), "as many rows");
     require(data.names().texts() == back.names().texts(), "the same names");
+    require(back.testSymmetry(), "as symmetric");
     for (int i = 0; i < back.matrix().rows(); ++i) {
-        for (int j = 0; j < back.matrix().columns(); ++j) {
+        for (int j = i; j < back.matrix().columns(); ++j) {
             const double rounded = numbertext::rounded(data.matrix()[i][j], decimals);
             require(std::abs(back.matrix()[i][j] - rounded) <= 0.5000001e-5 * std::abs(rounded),
                     "the same values to six digits");
@@ -71,8 +72,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CorrelationData correlations;
     if (!load(fileOf(reinterpret_cast<const char*>(data) + 1, size - 1), correlations))
         return 0;
-    require(correlations.testSymmetry() == correlations.asymmetry().isEmpty(),
-            "an asymmetric cell is named");
-    requireReadBack(correlations, data[0] % 10);
+    const bool symmetric = correlations.testSymmetry();
+    require(symmetric == correlations.asymmetry().isEmpty(), "an asymmetric cell is named");
+    if (symmetric) // nothing else comes as far as to an export
+        requireReadBack(correlations, data[0] % 10);
     return 0;
 }
