@@ -6,6 +6,7 @@
 #include "input/linescan.h"
 #include "input/numberparser.h"
 #include "input/numberscan.h"
+#include "numerics/largepages.h"
 #include "numerics/matrixblock.h"
 
 #include <algorithm>
@@ -13,10 +14,6 @@
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
-
-#ifdef __linux__
-#include <sys/mman.h>
-#endif
 
 namespace pelmora {
 
@@ -48,20 +45,6 @@ const char* takeCommonNumbers(const char* p, double*& places, const double* limi
     }
     places = next;
     return p;
-}
-
-/// A large block that is filled once costs more time in page faults than in conversions: pages of
-/// the usual size are faulted in one by one.
-void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size)
-{
-#ifdef MADV_HUGEPAGE
-    constexpr std::uintptr_t pageSize = 2 * 1024 * 1024;
-    const std::uintptr_t begin =
-        (reinterpret_cast<std::uintptr_t>(block) + pageSize - 1) & ~(pageSize - 1);
-    const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(block) + size) & ~(pageSize - 1);
-    if (begin < end)
-        madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
-#endif
 }
 
 const char* entryEnd(const char* p)
@@ -193,7 +176,7 @@ bool NumberLines::resize(std::size_t capacity)
     static_cast<void>(m_block.release());
     m_block.reset(block);
     m_capacity = capacity;
-    adviseLargePages(block, capacity * sizeof(double));
+    adviseLargePages(block, (capacity + 1) * sizeof(double));
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "numerics/memory.h"
 
 #include "numerics/errorreport.h"
+#include "numerics/largepages.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -29,8 +30,12 @@ T* allocateBlock(std::size_t count)
 
 double* allocateElements(std::size_t rows, std::size_t columns)
 {
-    const bool fits = columns == 0 || rows <= (PTRDIFF_MAX - 1) / columns;
-    return fits ? allocateBlock<double>(rows * columns + 1) : nullptr;
+    if (columns > 0 && rows > (PTRDIFF_MAX - 1) / columns)
+        return nullptr;
+    double* block = allocateBlock<double>(rows * columns + 1);
+    if (block)
+        adviseLargePages(block, (rows * columns + 1) * sizeof(double));
+    return block;
 }
 
 } // namespace
