@@ -120,12 +120,14 @@ PELMORA_ALWAYS_INLINE void addTile(const double* some, const double* eight, int 
     for (int r = 0; r < height; ++r)
         for (int v = 0; v < width; ++v)
             tile[r][v] = lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values;
-    for (int i = 0; i < count; ++i, some += panelWidth, eight += panelWidth)
-        for (int v = 0; v < width; ++v) {
-            const Lanes values = lanesAt<Lanes>(eight + v * laneCount<Lanes>).values;
-            for (int r = 0; r < height; ++r)
-                tile[r][v] += some[r] * values;
-        }
+    for (int i = 0; i < count; ++i) {
+        Lanes values[width];
+        for (int v = 0; v < width; ++v)
+            values[v] = lanesAt<Lanes>(eight + i * panelWidth + v * laneCount<Lanes>).values;
+        for (int r = 0; r < height; ++r)
+            for (int v = 0; v < width; ++v)
+                tile[r][v] += some[i * panelWidth + r] * values[v];
+    }
     for (int r = 0; r < height; ++r)
         for (int v = 0; v < width; ++v)
             lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values = tile[r][v];
