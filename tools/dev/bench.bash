@@ -13,13 +13,14 @@ need build bench
 build bench
 results=build/bench/results.txt
 : >"$results"
+log=build/bench/errors.txt
 for program in build/bench/bench/bench_*; do
-    [ -f "$program" ] || continue
+    [ -f "$program" ] || continue # other targets leave folders
     say "$(basename "$program")"
     QT_QPA_PLATFORM=offscreen taskset -c 0 "$program" --benchmark_filter="${1:-.*}" \
-        --benchmark_repetitions=5 --benchmark_report_aggregates_only=true 2>"$program.log" |
+        --benchmark_repetitions=5 --benchmark_report_aggregates_only=true 2>"$log" |
         tee -a "$results" || {
-        cat "$program.log" >&2
+        cat "$log" >&2
         exit 1
     }
 done
