@@ -38,17 +38,24 @@ struct Strip
     std::ptrdiff_t stride;
 };
 
+/// The rows are more streams than the processor foresees by itself, so each asks for its part of
+/// the next strip. Asking beyond the last row does no harm.
 template <typename Lanes, int Vectors>
 PELMORA_ALWAYS_INLINE void turnStrip(const Strip& strip, const Turn* turns, int count)
 {
+    constexpr int vectorsPerLine = 64 / sizeof(Lanes);
+    constexpr int forWriting = 1;
     Lanes x[Vectors];
     for (int i = 0; i < Vectors; ++i)
         x[i] = lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values;
     for (const Turn* turn = turns; turn != turns + count; ++turn) {
         const PlaneRotation rotation = turn->rotation;
         double* y = strip.firstRow + turn->iq * strip.stride;
-        for (int i = 0; i < Vectors; ++i)
+        for (int i = 0; i < Vectors; ++i) {
+            if (i % vectorsPerLine == 0)
+                __builtin_prefetch(y + (Vectors + i) * laneCount<Lanes>, forWriting);
             rotatePairs(x[i], y + i * laneCount<Lanes>, rotation);
+        }
     }
     for (int i = 0; i < Vectors; ++i)
         lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values = x[i];
