@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // What a user waits for after the computation: filled tables with fitted columns, and the steps of
-// the diagram's zoom. Shapes are "rows x columns"; MB is the growth of the process by one table.
+// the diagram's zoom. Shapes are "rows x columns"; MB is what one table allocates.
 
 #include "input/asciidata.h"
 #include "plain/table.h"
@@ -12,17 +12,16 @@
 #include "views/sessionface.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
 
 #include <benchmark/benchmark.h>
 
-#include <map>
+#include <algorithm>
+#include <malloc.h>
 #include <memory>
 #include <random>
-#include <unistd.h>
 
 namespace {
 
@@ -47,27 +46,22 @@ pelmora::Matrix normalNumbers(int rows, int columns, double deviation)
     return values;
 }
 
-double residentMegabytes()
+double allocatedMegabytes()
 {
-    QFile file(QStringLiteral("/proc/self/statm"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0.0;
-    return file.readAll().split(' ').value(1).toDouble() *
-           static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+    const auto heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd) / 1e6;
 }
 
 /// Times @p makeTable, which returns an owner of a filled table that is destroyed untimed.
 template <class MakeTable>
 void measureTable(benchmark::State& state, MakeTable makeTable)
 {
-    // Only the first table grows the process, in the first of several runs.
-    static std::map<std::int64_t, double> largestGrowth;
-    double& growth = largestGrowth[state.range(0)];
+    double growth = 0.0;
     for (auto _ : state) {
-        const double before = residentMegabytes();
+        const double before = allocatedMegabytes();
         auto table = makeTable();
         state.PauseTiming();
-        growth = std::max(growth, residentMegabytes() - before);
+        growth = std::max(growth, allocatedMegabytes() - before);
         table.reset();
         state.ResumeTiming();
     }
@@ -139,7 +133,6 @@ void zoomStep(benchmark::State& state)
 
 } // namespace
 
-// The fast forms come first: they would find room in what the plain ones have left.
 BENCHMARK(tableFast)
     ->Args({300, 300})
     ->Args({1000, 1000})

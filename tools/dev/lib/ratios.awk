@@ -15,6 +15,11 @@ function milliseconds(number, unit) {
     return number
 }
 
+# Three digits, or all before the point.
+function shortened(number) {
+    return sprintf(number < 1000 ? "%.3g" : "%.0f", number)
+}
+
 # The value of "name", or of the counter in "name:counter".
 function measured(name) {
     return name in value ? value[name] : ""
@@ -41,7 +46,7 @@ file == 1 && $1 ~ /_median$/ {
 file == 2 && !header {
     header = 1
     print "| work | fast | plain | result | goal | reached |"
-    print "|---|---|---|---|---|---|"
+    print "|---|--:|--:|--:|--:|---|"
 }
 
 file == 2 && !/^#/ && NF {
@@ -53,11 +58,11 @@ file == 2 && !/^#/ && NF {
     limit = goal + 0
     if (plain != "-" && measured(plain) != "") {
         ratio = measured(plain) / number
-        row(work, sprintf("%.3g ms", number), sprintf("%.4g ms", measured(plain)),
+        row(work, shortened(number) " ms", shortened(measured(plain)) " ms",
             sprintf("1/%.1f", ratio), "1/" goal, ratio >= limit)
     } else if (plain == "-") {
         unit = goal
         sub(/^[0-9.]+/, "", unit)
-        row(work, sprintf("%.3g%s", number, unit), "", "", "at most " goal, number + 0 <= limit)
+        row(work, shortened(number) unit, "", "", "at most " goal, number + 0 <= limit)
     }
 }
