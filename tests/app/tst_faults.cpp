@@ -1,25 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "app/errorbox.h"
-#include "app/mainwindow.h"
-#include "app/pelmorasession.h"
-#include "app/sessiontabwidget.h"
-#include "support/dialogscript.h"
-#include "support/samplefile.h"
-#include "support/testsettings.h"
+#include "apptest.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QDialog>
-#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QStatusBar>
-#include <QTabWidget>
-#include <QTest>
 
 #include <clocale>
 
@@ -45,19 +31,15 @@ QByteArray manyCases()
     return text;
 }
 
-const QByteArray fourCases = "1 2 4\n2 1 5\n3 5 1\n4 3 3\n";
-
 } // namespace
 
 /// What the world may do to a running program: files that go away, settings that make no sense,
 /// sessions that end at an awkward moment.
-class TestFaults : public QObject
+class TestFaults : public AppTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { installErrorBox(); }
-    void init();
     void strangeInputFiles_data();
     void strangeInputFiles();
     void aFileThatVanishesAfterTheDialog();
@@ -71,25 +53,6 @@ private slots:
     void closedSessionsKeepOnlyTheirPages();
 
 private:
-    void read(const char* action, const QString& path)
-    {
-        m_dialogs.chooseFile(path);
-        m_window->findChild<QAction*>(QLatin1String(action))->trigger();
-    }
-    QTabWidget* sessions() const
-    {
-        return m_window->findChild<QTabWidget*>(QStringLiteral("mainTabWidget"));
-    }
-    /// Reads four cases and asks for all kinds of factor page.
-    void openSession(const QString& path)
-    {
-        read("actionDataASCII", path);
-        auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
-        for (auto* box : pages->currentWidget()->findChildren<QCheckBox*>())
-            box->setChecked(true);
-        pages->currentWidget()->findChild<QPushButton*>("processButton")->click();
-        QCOMPARE(pages->count(), 6);
-    }
     QList<QPushButton*> exportButtons() const
     {
         QList<QPushButton*> result;
@@ -99,19 +62,7 @@ private:
         }
         return result;
     }
-
-    DialogScript m_dialogs;
-    TestSettings m_settings;
-    std::unique_ptr<MainWindow> m_window;
 };
-
-void TestFaults::init()
-{
-    m_settings.clear();
-    m_settings.set(QStringLiteral("OpenFolderAfterClosing"), false);
-    m_window = std::make_unique<MainWindow>(nullptr);
-    m_dialogs.takeRecord();
-}
 
 void TestFaults::strangeInputFiles_data()
 {
@@ -156,7 +107,7 @@ void TestFaults::aFileThatVanishesAfterTheDialog()
         connect(dialog, &QDialog::finished, this, [&] { QFile::remove(file.path()); });
         QMetaObject::invokeMethod(dialog, "accept");
     });
-    m_window->findChild<QAction*>("actionDataASCII")->trigger();
+    trigger("actionDataASCII");
     QCOMPARE(m_dialogs.takeRecord().size(), 1);
     QCOMPARE(sessions()->count(), 0);
 }
@@ -196,9 +147,8 @@ void TestFaults::anExportMayReplaceItsOwnInput()
 {
     const SampleFile file("data.txt", fourCases);
     openSession(file.path());
-    auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
     m_dialogs.chooseFile(file.path());
-    pages->widget(0)->findChild<QPushButton*>("pushButtonSave")->click();
+    pages()->widget(0)->findChild<QPushButton*>("pushButtonSave")->click();
     read("actionDataASCII", file.path());
     QCOMPARE(m_window->statusBar()->currentMessage(),
              QStringLiteral("Read data matrix, 4 rows and 3 cols"));
@@ -239,7 +189,7 @@ void TestFaults::everyDialogMayBeEscaped()
         QCOMPARE(m_dialogs.takeRecord().size(), 1);
     }
     m_dialogs.onDialog([](QDialog* dialog) { dialog->close(); });
-    m_window->findChild<QAction*>("actionPrecision")->trigger();
+    trigger("actionPrecision");
     QVERIFY(!m_settings.has(QStringLiteral("Precision")));
 }
 
@@ -254,15 +204,13 @@ void TestFaults::nonsenseInEverySetting()
     m_window->show();
     const SampleFile file("data.txt", fourCases);
     openSession(file.path());
-    auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
-    for (int i = 0; i < pages->count(); ++i)
-        QVERIFY(!pages->widget(i)->grab().isNull());
+    for (int i = 0; i < pages()->count(); ++i)
+        QVERIFY(!pages()->widget(i)->grab().isNull());
 
     for (const char* key : {"Zarnel/edge.x", "Zarnel/edge.y", "Zarnel/textCircleOffset"})
         m_settings.set(QLatin1String(key), -2147483647);
-    auto* pca = pages->widget(2)->findChild<QPushButton*>("processButton");
-    pca->click();
-    QVERIFY(!pages->widget(pages->count() - 1)->grab().isNull());
+    find<QPushButton>("processButton")->click();
+    QVERIFY(!pages()->widget(pages()->count() - 1)->grab().isNull());
 }
 
 void TestFaults::aCommaLocaleChangesNoNumber()
@@ -273,13 +221,10 @@ void TestFaults::aCommaLocaleChangesNoNumber()
         QSKIP("no locale with a decimal comma on this machine");
     const SampleFile file("data.txt", "1.5 2\n2 1.25\n3 5\n");
     read("actionDataASCII", file.path());
-    m_dialogs.chooseFile(file.folder() + QStringLiteral("/saved.dat"));
-    auto* pages = qobject_cast<QTabWidget*>(sessions()->widget(0));
-    pages->widget(0)->findChild<QPushButton*>("pushButtonSave")->click();
+    pages()->setCurrentIndex(0);
+    const QByteArray text = saved("pushButtonSave");
     std::setlocale(LC_ALL, before.constData());
-    QFile saved(file.folder() + QStringLiteral("/saved.dat"));
-    QVERIFY(saved.open(QIODevice::ReadOnly));
-    QVERIFY(saved.readAll().startsWith("1.5\t2\n2\t1.25\n"));
+    QVERIFY(text.startsWith("1.5\t2\n2\t1.25\n"));
 }
 
 /// A closed tab's widgets stay until the window goes; the numbers behind them must not.
