@@ -6,9 +6,13 @@
 #include "ui_dialogvarnames.h"
 #include "views/sessionface.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -33,6 +37,13 @@ DialogVarNames::DialogVarNames(QWidget* parent)
     m_ui->setupUi(this);
     connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* paste = new QAction(tr("Paste"), m_ui->tableWidget);
+    paste->setShortcut(QKeySequence::Paste);
+    paste->setShortcutContext(Qt::WidgetShortcut);
+    connect(paste, &QAction::triggered, this, &DialogVarNames::pasteNames);
+    m_ui->tableWidget->addAction(paste);
+    m_ui->tableWidget->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 DialogVarNames::~DialogVarNames() = default;
@@ -60,6 +71,20 @@ QVector<QString> DialogVarNames::names() const
         if (const auto* item = m_ui->tableWidget->item(i, 0))
             names[i] = item->text() == m_given.value(i) ? item->text() : onOneLine(item->text());
     return names;
+}
+
+void DialogVarNames::pasteNames()
+{
+    QStringList lines = QGuiApplication::clipboard()->text().split(u'\n');
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    QTableWidget* table = m_ui->tableWidget;
+    int row = std::max(table->currentRow(), 0);
+    for (const QString& line : std::as_const(lines)) {
+        if (row == table->rowCount())
+            break;
+        table->setItem(row++, 0, new QTableWidgetItem(line.section(u'\t', 0, 0).trimmed()));
+    }
 }
 
 void DialogVarNames::accept()

@@ -37,6 +37,10 @@ public:
     void accept() override;
 
 private:
+    /// Takes names from the clipboard, as a column of a spreadsheet leaves them there, one in a
+    /// line, from the current row on.
+    void pasteNames();
+
     std::unique_ptr<Ui::DialogVarNames> m_ui;
     QVector<QString> m_given; ///< only names that differ from these are tidied
 };
