@@ -16,13 +16,6 @@ const auto lastDataKey = QStringLiteral("Input/LastDataASCIILocation");
 const auto lastCorrelationKey = QStringLiteral("Input/LastCorrASCIILocation");
 const auto lastCorrelationExportKey = QStringLiteral("Export/LastCorrExportLocation");
 
-/// Where the settings cannot be saved, what the user chooses holds until the program ends: values
-/// that wait to be written are kept as long as the store is open anywhere.
-void keepOpen()
-{
-    static const QSettings store;
-}
-
 QVariant value(const QString& key, const QVariant& absent = QVariant())
 {
     return QSettings().value(key, absent);
@@ -30,7 +23,6 @@ QVariant value(const QString& key, const QVariant& absent = QVariant())
 
 void setValue(const QString& key, const QVariant& value)
 {
-    keepOpen();
     QSettings().setValue(key, value);
 }
 
