@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QDesktopServices>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <QTest>
 
@@ -31,11 +32,8 @@ public slots:
     void openUrl(const QUrl& url) { m_opened << url.toLocalFile(); }
 
 protected:
-    void trigger(const char* action) const
-    {
-        m_window->findChild<QAction*>(QLatin1String(action))->trigger();
-    }
-    void read(const char* action, const QString& path)
+    void trigger(const QString& action) const { m_window->findChild<QAction*>(action)->trigger(); }
+    void read(const QString& action, const QString& path)
     {
         m_dialogs.chooseFile(path);
         trigger(action);
@@ -46,11 +44,12 @@ protected:
     }
     /// The pages of the session in front.
     QTabWidget* pages() const { return qobject_cast<QTabWidget*>(sessions()->currentWidget()); }
+    PelmoraSession* session() const { return m_window->findChild<PelmoraSession*>(); }
     /// A widget of the page in front.
     template <typename Widget>
-    Widget* find(const char* name) const
+    Widget* find(const QString& name = {}) const
     {
-        return pages()->currentWidget()->findChild<Widget*>(QLatin1String(name));
+        return pages()->currentWidget()->findChild<Widget*>(name);
     }
     /// Reads raw data and asks for all kinds of factor page.
     void openSession(const QString& path)
@@ -62,7 +61,7 @@ protected:
         QCOMPARE(pages()->count(), 6);
     }
     /// What a button of the page in front writes.
-    QByteArray saved(const char* button)
+    QByteArray saved(const QString& button)
     {
         const QTemporaryDir folder;
         QFile written(folder.filePath(QStringLiteral("saved")));
@@ -91,6 +90,8 @@ private slots:
         m_settings.clear();
         m_dialogs.takeRecord();
         m_opened.clear();
+        // A slot whose name fits no widget.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("No matching signal")));
         m_window = std::make_unique<MainWindow>(nullptr);
     }
     void cleanup() { m_window.reset(); }

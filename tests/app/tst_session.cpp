@@ -1,25 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "app/errorbox.h"
-#include "app/pelmorasession.h"
-#include "app/sessiontabwidget.h"
-#include "input/asciidatareader.h"
+#include "apptest.h"
 #include "numerics/rotation.h"
-#include "support/dialogscript.h"
 #include "support/referencefile.h"
-#include "support/samplefile.h"
-#include "support/testsettings.h"
 
 #include <QAbstractItemModel>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <numeric>
+#include <limits>
 
 namespace {
 
@@ -30,111 +23,77 @@ QString sample(const QString& name)
     return QStringLiteral(PELMORA_DATA_DIR "/") + name;
 }
 
-double largestDifference(const Rows& expected, const std::function<double(int, int)>& value)
+/// How far a reference's column is from the nearest column, which may stand elsewhere and point
+/// the other way.
+double distance(const Rows& expected, int column, const pelmora::Matrix& loadings)
 {
-    double largest = 0.0;
-    for (int i = 0; i < static_cast<int>(expected.size()); ++i) {
-        for (int j = 0; j < static_cast<int>(expected[i].size()); ++j)
-            largest = std::max(largest, std::abs(expected[i][j] - value(i, j)));
-    }
-    return largest;
-}
-
-/// The order in which the references arrange columns: by sums of squares, largest first; each is
-/// reflected to a positive sum.
-struct Arranged
-{
-    explicit Arranged(const pelmora::Matrix& loadings)
-        : order(loadings.columns())
-        , sign(loadings.columns())
-        , squares(loadings.columns())
-    {
-        for (int j = 0; j < loadings.columns(); ++j) {
-            double sum = 0.0;
-            for (int i = 0; i < loadings.rows(); ++i) {
-                sum += loadings[i][j];
-                squares[j] += loadings[i][j] * loadings[i][j];
-            }
-            sign[j] = sum < 0.0 ? -1.0 : 1.0;
+    double nearest = std::numeric_limits<double>::infinity();
+    for (int j = 0; j < loadings.columns(); ++j) {
+        double same = 0.0;
+        double reflected = 0.0;
+        for (int i = 0; i < loadings.rows(); ++i) {
+            same = std::max(same, std::abs(loadings[i][j] - expected[i][column]));
+            reflected = std::max(reflected, std::abs(loadings[i][j] + expected[i][column]));
         }
-        std::iota(order.begin(), order.end(), 0);
-        std::sort(order.begin(), order.end(),
-                  [&](int a, int b) { return squares[a] > squares[b]; });
+        nearest = std::min({nearest, same, reflected});
     }
-    std::vector<int> order;
-    std::vector<double> sign;
-    std::vector<double> squares;
-};
-
-bool sameBits(const pelmora::Matrix& a, const pelmora::Matrix& b)
-{
-    if (a.rows() != b.rows() || a.columns() != b.columns())
-        return false;
-    for (int i = 0; i < a.rows(); ++i) {
-        if (std::memcmp(a[i], b[i], sizeof(double) * a.columns()) != 0)
-            return false;
-    }
-    return true;
+    return nearest;
 }
 
-QStringList titles(const QTabWidget& tabs)
+double meanProduct(const pelmora::Matrix& a, int columnOfA, const pelmora::Matrix& b, int columnOfB)
 {
-    QStringList result;
-    for (int i = 0; i < tabs.count(); ++i)
-        result << tabs.tabText(i);
+    double sum = 0.0;
+    for (int i = 0; i < a.rows(); ++i)
+        sum += a[i][columnOfA] * b[i][columnOfB];
+    return sum / a.rows();
+}
+
+pelmora::Matrix transposed(const pelmora::Matrix& matrix)
+{
+    pelmora::Matrix result(matrix.columns(), matrix.rows());
+    for (int i = 0; i < matrix.rows(); ++i) {
+        for (int j = 0; j < matrix.columns(); ++j)
+            result[j][i] = matrix[i][j];
+    }
+    return result;
+}
+
+QByteArray bits(const pelmora::Matrix& matrix)
+{
+    QByteArray result;
+    for (int i = 0; i < matrix.rows(); ++i)
+        result.append(reinterpret_cast<const char*>(matrix[i]), sizeof(double) * matrix.columns());
     return result;
 }
 
 } // namespace
 
-class TestSession : public QObject
+class TestSession : public AppTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { installErrorBox(); }
-    void init();
-    void anEmptySessionHasNoMatrix();
-    void pagesNeedATabWidget();
+    void aSessionNeedsAFileAndATabWidget();
     void samplesGiveTheReferences_data();
     void samplesGiveTheReferences();
     void scoresHaveUnitVariance_data();
     void scoresHaveUnitVariance();
-    void rotationPagesComeInOrder();
-    void allFactorsCanBeRotated();
-    void oneVariableHasNoPairs();
-    void aConstantVariableGivesPagesAllTheSame();
+    void pagesComeInOrder_data();
+    void pagesComeInOrder();
     void orientationThereAndBackIsTheSameToTheBit();
-    void namesReachEveryPageAndExport();
-    void closedPagesLiveOn();
-    void pagesOutliveTheirSession();
-
-private:
-    DialogScript m_dialogs;
-    TestSettings m_settings;
+    void namesReachEveryPage();
+    void pagesOutliveTheirTabsAndTheirSession();
 };
 
-void TestSession::init()
+void TestSession::aSessionNeedsAFileAndATabWidget()
 {
-    m_settings.clear();
-    m_settings.set(QStringLiteral("OpenFolderAfterClosing"), false);
-    m_dialogs.takeRecord();
-}
-
-void TestSession::anEmptySessionHasNoMatrix()
-{
-    const PelmoraSession session(nullptr);
+    PelmoraSession session(nullptr);
     try {
         session.rowCount();
         QFAIL("an empty session has told its size");
     } catch (const std::exception& error) {
         QCOMPARE(error.what(), "Internal Error!");
     }
-}
-
-void TestSession::pagesNeedATabWidget()
-{
-    PelmoraSession session(nullptr);
     QVERIFY(session.loadDataMatrix(sample("box-problem.txt")));
     QVERIFY(!session.createDataPage());
     QVERIFY(!session.createCorrelationPageFromData());
@@ -142,185 +101,143 @@ void TestSession::pagesNeedATabWidget()
 
 void TestSession::samplesGiveTheReferences_data()
 {
+    QTest::addColumn<QString>("action");
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("reference");
     QTest::addColumn<int>("factors");
-    QTest::newRow("raw data") << "box-problem.txt"
+    QTest::newRow("raw data") << "actionDataASCII"
+                              << "box-problem.txt"
                               << "box-problem" << 3;
-    QTest::newRow("correlations") << "harman-24-psychological-tests.cor"
+    QTest::newRow("correlations") << "actionCorrASCII"
+                                  << "harman-24-psychological-tests.cor"
                                   << "harman-24" << 4;
 }
 
 void TestSession::samplesGiveTheReferences()
 {
+    QFETCH(QString, action);
     QFETCH(QString, file);
     QFETCH(QString, reference);
     QFETCH(int, factors);
-    SessionTabWidget tabs;
-    PelmoraSession session(nullptr);
-    session.attachTabWidget(&tabs);
-    if (file.endsWith(QStringLiteral(".cor"))) {
-        QVERIFY(session.loadCorrelationMatrix(sample(file)));
-        session.createCorrelationPage();
-    } else {
-        QVERIFY(session.loadDataMatrix(sample(file)));
-        session.createCorrelationPageFromData();
-    }
-    session.createPcaPage();
-
-    const auto& decomposition = session.decomposition();
-    const auto eigenvalues = readReference(reference + ".eigenvalues.txt");
-    const double eigenError =
-        largestDifference(eigenvalues, [&](int i, int) { return decomposition.eigenvalues[i]; });
-    QVERIFY2(eigenError < 1e-11, qPrintable(QString::number(eigenError)));
+    read(action, sample(file));
+    const auto& decomposition = session()->decomposition();
+    const Rows eigenvalues = readReference(reference + ".eigenvalues.txt");
+    QCOMPARE(decomposition.eigenvalues.size(), static_cast<int>(eigenvalues.size()));
+    for (int i = 0; i < decomposition.eigenvalues.size(); ++i)
+        QVERIFY(std::abs(decomposition.eigenvalues[i] - eigenvalues[i][0]) < 1e-11);
 
     const auto result = factoranalysis::factors(decomposition, factors, pelmora::VarimaxRotation,
                                                 pelmora::Matrix(), false);
-    const Arranged arranged(result.loadings);
-    const auto loadings =
+    const Rows loadings =
         readReference(QStringLiteral("%1.varimax-%2.txt").arg(reference).arg(factors));
     // R stops where its own criterion allows: 1e-6 is its precision, not ours.
-    const double loadingError = largestDifference(loadings, [&](int i, int j) {
-        return arranged.sign[arranged.order[j]] * result.loadings[i][arranged.order[j]];
-    });
-    QVERIFY2(loadingError < 1e-6, qPrintable(QString::number(loadingError)));
+    for (int j = 0; j < factors; ++j)
+        QVERIFY(distance(loadings, j, result.loadings) < 1e-6);
 }
 
 void TestSession::scoresHaveUnitVariance_data()
 {
     QTest::addColumn<int>("method");
-    QTest::newRow("Pelmora") << int(pelmora::PelmoraRotation);
-    QTest::newRow("Varimax") << int(pelmora::VarimaxRotation);
-    QTest::newRow("unrotated") << int(pelmora::NoRotation);
+    QTest::addColumn<bool>("rowWise");
+    QTest::newRow("Pelmora") << int(pelmora::PelmoraRotation) << false;
+    QTest::newRow("Varimax") << int(pelmora::VarimaxRotation) << false;
+    QTest::newRow("unrotated") << int(pelmora::NoRotation) << false;
+    QTest::newRow("a variable per line") << int(pelmora::PelmoraRotation) << true;
 }
 
 void TestSession::scoresHaveUnitVariance()
 {
     QFETCH(int, method);
-    AsciiData data;
-    AsciiDataReader reader(sample("box-problem.txt"), nullptr);
-    QVERIFY(reader.readFile() && reader.checkConsistency());
-    QVERIFY(data.allocate(reader.lineCount(), reader.columnCount()) && reader.getData(data));
-    const auto correlations = factoranalysis::correlations(data.matrix(), false);
-    const auto decomposition = factoranalysis::decompose(correlations.matrix);
-    const auto factors =
-        factoranalysis::factors(decomposition, 3, method, correlations.standardised, false);
-
-    const auto& scores = factors.scores;
+    QFETCH(bool, rowWise);
+    read("actionDataASCII", sample("box-problem.txt"));
+    const auto& box = session()->currentMatrix().matrix();
+    const auto data = rowWise ? transposed(box) : box.clone();
+    auto standardised = factoranalysis::correlations(data, rowWise).standardised;
+    const auto [loadings, scores] =
+        factoranalysis::factors(session()->decomposition(), 3, method, standardised, rowWise);
+    if (rowWise)
+        standardised = transposed(standardised);
     QCOMPARE(scores.rows(), 20);
     for (int j = 0; j < 3; ++j) {
-        for (int k = 0; k <= j; ++k) {
-            double product = 0.0;
-            for (int i = 0; i < scores.rows(); ++i)
-                product += scores[i][j] * scores[i][k] / scores.rows();
-            QVERIFY(std::abs(product - (j == k ? 1.0 : 0.0)) < 1e-9);
-        }
+        for (int k = 0; k <= j; ++k)
+            QVERIFY(std::abs(meanProduct(scores, j, scores, k) - (j == k ? 1.0 : 0.0)) < 1e-9);
         // A loading is the correlation of variable and factor.
-        for (int v = 0; v < factors.loadings.rows(); ++v) {
-            double correlation = 0.0;
-            for (int i = 0; i < scores.rows(); ++i)
-                correlation += scores[i][j] * correlations.standardised[i][v] / scores.rows();
-            QVERIFY(std::abs(correlation - factors.loadings[v][j]) < 1e-9);
-        }
+        for (int v = 0; v < loadings.rows(); ++v)
+            QVERIFY(std::abs(meanProduct(scores, j, standardised, v) - loadings[v][j]) < 1e-9);
     }
 }
 
-/// A raw data session with its pages, as the main window makes it.
-class LiveSession
+void TestSession::pagesComeInOrder_data()
 {
-public:
-    explicit LiveSession(const QString& path) : session(std::make_unique<PelmoraSession>(nullptr))
-    {
-        session->attachTabWidget(&tabs);
-        if (session->loadDataMatrix(path)) {
-            session->createDataPage();
-            session->createCorrelationPageFromData();
-            session->createPcaPage();
-        }
-    }
-
-    QTabWidget* page(int index) const { return tabs.widget(index)->findChild<QTabWidget*>(); }
-
-    SessionTabWidget tabs;
-    std::unique_ptr<PelmoraSession> session;
-};
-
-void TestSession::rotationPagesComeInOrder()
-{
-    LiveSession live(sample("box-problem.txt"));
-    live.session->createRotationPages(3, 7);
-    live.session->createRotationPages(2, 4 | 1);
-    QCOMPARE(titles(live.tabs),
-             QStringList({"Raw data", "Correlations", "PCA", "Pelmora[3]", "Varimax[3]",
-                          "Initial[3]", "Pelmora[2]", "Initial[2]"}));
-    QCOMPARE(titles(*live.page(3)),
-             QStringList({"Visualization", "Minimal pairs", "Factor scores"}));
-    const auto* pairs = live.tabs.widget(3)->findChild<QTabWidget*>("tabWidgetMinimalPairs");
-    QCOMPARE(titles(*pairs),
-             QStringList({"Focal factor No. 1", "Focal factor No. 2", "Focal factor No. 3"}));
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<int>("factors");
+    QTest::addColumn<QStringList>("boxes");
+    QTest::addColumn<QStringList>("pairs");
+    const QStringList twoPairs = {"Focal factor No. 1", "Focal factor No. 2"};
+    QTest::newRow("usual") << fourCases << 2 << QStringList() << twoPairs;
+    QTest::newRow("all factors") << fourCases << 3 << QStringList()
+                                 << (twoPairs + QStringList("Focal factor No. 3"));
+    QTest::newRow("one variable") << QByteArray("1\n2\n4\n") << 1 << QStringList() << QStringList();
+    QTest::newRow("a constant variable")
+        << QByteArray("1 5 2\n2 5 1\n3 5 5\n4 5 3\n") << 2
+        << QStringList("Error|Error: no convergence in finding eigen values.") << twoPairs;
 }
 
-void TestSession::allFactorsCanBeRotated()
+void TestSession::pagesComeInOrder()
 {
-    LiveSession live(sample("box-problem.txt"));
-    const int all = live.session->decomposition().eigenvalues.size();
-    live.session->createRotationPages(all, 7);
-    QCOMPARE(live.tabs.count(), 6);
-}
+    QFETCH(QByteArray, data);
+    QFETCH(int, factors);
+    QFETCH(QStringList, pairs);
+    const SampleFile file("data.txt", data);
+    read("actionDataASCII", file.path());
+    QTEST(m_dialogs.takeRecord().mid(1), "boxes");
+    session()->createRotationPages(factors, 7);
+    session()->createRotationPages(1, 4 | 1);
+    const QString m = QString::number(factors);
+    QCOMPARE(titles(pages()),
+             QStringList({"Raw data", "Correlations", "PCA", "Pelmora[" + m + "]",
+                          "Varimax[" + m + "]", "Initial[" + m + "]", "Pelmora[1]", "Initial[1]"}));
+    for (int i = 0; i < pages()->count(); ++i)
+        QVERIFY(!pages()->widget(i)->grab().isNull());
 
-void TestSession::oneVariableHasNoPairs()
-{
-    const SampleFile file("one.txt", "1\n2\n4\n");
-    LiveSession live(file.path());
-    QVERIFY(m_dialogs.takeRecord().isEmpty());
-    live.session->createRotationPages(1, 7);
-    QCOMPARE(live.tabs.count(), 6);
-    QCOMPARE(titles(*live.page(3)), QStringList({"Visualization", "Factor scores"}));
-}
-
-void TestSession::aConstantVariableGivesPagesAllTheSame()
-{
-    const SampleFile file("constant.txt", "1 5 2\n2 5 1\n3 5 5\n4 5 3\n");
-    LiveSession live(file.path());
-    QCOMPARE(m_dialogs.takeRecord(),
-             QStringList("Error|Error: no convergence in finding eigen values."));
-    live.session->createRotationPages(2, 7);
-    QCOMPARE(live.tabs.count(), 6);
-    for (int i = 0; i < live.tabs.count(); ++i)
-        QVERIFY(!live.tabs.widget(i)->grab().isNull());
+    pages()->setCurrentIndex(3);
+    const QStringList parts =
+        pairs.isEmpty() ? QStringList({"Visualization", "Factor scores"})
+                        : QStringList({"Visualization", "Minimal pairs", "Factor scores"});
+    QCOMPARE(titles(find<QTabWidget>()), parts);
+    if (!pairs.isEmpty())
+        QCOMPARE(titles(find<QTabWidget>("tabWidgetMinimalPairs")), pairs);
 }
 
 void TestSession::orientationThereAndBackIsTheSameToTheBit()
 {
-    LiveSession live(sample("box-problem.txt"));
-    const auto& decomposition = live.session->decomposition();
-    const pelmora::Matrix before = decomposition.initialLoadings.clone();
-    live.session->setRowWise(true);
-    QVERIFY(live.session->isRowWise());
-    QVERIFY(!sameBits(before, decomposition.initialLoadings));
-    QCOMPARE(titles(live.tabs), QStringList({"Raw data", "Correlations", "PCA"}));
-    live.session->createRotationPages(2, 2);
-    live.session->setRowWise(false);
-    QCOMPARE(titles(live.tabs), QStringList({"Raw data", "Correlations", "PCA", "Varimax[2]"}));
-    QVERIFY(sameBits(before, decomposition.initialLoadings));
+    read("actionDataASCII", sample("box-problem.txt"));
+    const auto& loadings = session()->decomposition().initialLoadings;
+    const QByteArray before = bits(loadings);
+    session()->setRowWise(true);
+    QVERIFY(session()->isRowWise());
+    QCOMPARE(session()->variableNames().size(), 20);
+    QVERIFY(before != bits(loadings));
+    QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA"}));
+    session()->createRotationPages(2, 2);
+    session()->setRowWise(false);
+    QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA", "Varimax[2]"}));
+    QVERIFY(before == bits(loadings));
 }
 
-void TestSession::namesReachEveryPageAndExport()
+void TestSession::namesReachEveryPage()
 {
-    const SampleFile file("data.txt", "1 2 4\n2 1 5\n3 5 1\n4 3 3\nvname\t2\tHeight\n");
-    LiveSession live(file.path());
-    live.session->createRotationPages(2, 7);
-    QCOMPARE(live.session->variableNames(), QStringList({"1", "Height", "3"}));
+    const SampleFile file("data.txt", fourCases + "vname\t2\tHeight\n");
+    openSession(file.path());
+    QCOMPARE(session()->variableNames(), QStringList({"1", "Height", "3"}));
 
-    QSignalSpy changed(live.session.get(), &SessionFace::variableNamesChanged);
-    const QStringList written = {QStringLiteral("Länge"), QStringLiteral("two words"),
-                                 QStringLiteral("? third")};
-    live.session->setVariableNames({written[0], written[1], QStringLiteral("\u0416 third")});
+    const QSignalSpy changed(session(), &SessionFace::variableNamesChanged);
+    session()->setVariableNames({"Länge", "two words", "\u0416 third"});
     QCOMPARE(changed.size(), 1);
-    QCOMPARE(live.session->variableNames(), written);
+    QCOMPARE(session()->variableNames(), QStringList({"Länge", "two words", "? third"}));
 
     int tables = 0;
-    for (const auto* view : live.tabs.findChildren<QTableView*>()) {
+    for (const auto* view : pages()->findChildren<QTableView*>()) {
         const auto* model = view->model();
         for (const auto orientation : {Qt::Horizontal, Qt::Vertical}) {
             const int sections =
@@ -329,7 +246,7 @@ void TestSession::namesReachEveryPageAndExport()
             for (int i = 0; i < sections; ++i)
                 headers << model->headerData(i, orientation).toString().replace('\n', ' ');
             QVERIFY2(!headers.contains("Height"), qPrintable(view->objectName()));
-            tables += headers.contains(written[1]) ? 1 : 0;
+            tables += headers.contains("two words") ? 1 : 0;
         }
     }
     // Raw data and their statistics, correlations both ways, eigenvectors, loadings, three
@@ -337,23 +254,16 @@ void TestSession::namesReachEveryPageAndExport()
     QVERIFY2(tables >= 9, qPrintable(QString::number(tables)));
 }
 
-void TestSession::closedPagesLiveOn()
+void TestSession::pagesOutliveTheirTabsAndTheirSession()
 {
-    LiveSession live(sample("box-problem.txt"));
-    live.session->createRotationPages(2, 2);
-    const QPointer<QWidget> page = live.tabs.widget(3);
-    emit live.tabs.tabCloseRequested(3);
-    QCOMPARE(live.tabs.count(), 3);
+    openSession(sample("box-problem.txt"));
+    const QPointer<QWidget> page = pages()->widget(3);
+    emit pages()->tabCloseRequested(3);
+    QCOMPARE(pages()->count(), 5);
     QVERIFY(page);
-}
-
-void TestSession::pagesOutliveTheirSession()
-{
-    LiveSession live(sample("box-problem.txt"));
-    live.session->createRotationPages(2, 7);
-    live.session.reset();
-    for (int i = 0; i < live.tabs.count(); ++i)
-        QVERIFY(!live.tabs.widget(i)->grab().isNull());
+    delete session();
+    for (int i = 0; i < pages()->count(); ++i)
+        QVERIFY(!pages()->widget(i)->grab().isNull());
 }
 
 QTEST_MAIN(TestSession)
