@@ -108,7 +108,6 @@ void TestMainWindow::aFileBecomesASession()
     QVERIFY(!QGuiApplication::overrideCursor());
     QCOMPARE(sessions()->count(), 1);
     QCOMPARE(sessions()->tabText(0), QString(file.path()).replace("&", "&&"));
-    QCOMPARE(sessions()->tabToolTip(0), file.path());
     QTEST(titles(pages()), "pageTitles");
     QCOMPARE(pages()->currentIndex(), pages()->count() - 1);
     for (int i = 0; i < pages()->count(); ++i)
