@@ -20,17 +20,6 @@ qint64 memoryInUse()
     return status.readAll().split(' ').value(1).toLongLong() * 4;
 }
 
-/// Their matrix has 3.2 MB.
-QByteArray manyCases()
-{
-    QByteArray text;
-    for (int i = 0; i < 20000; ++i)
-        for (int j = 0; j < 20; ++j)
-            text +=
-                QByteArray::number((i * 7919 + j * 104729 + i * j) % 1000) + (j < 19 ? ' ' : '\n');
-    return text;
-}
-
 } // namespace
 
 /// What the world may do to a running program: files that go away, settings that make no sense,
@@ -53,13 +42,10 @@ private slots:
     void closedSessionsKeepOnlyTheirPages();
 
 private:
-    QList<QPushButton*> exportButtons() const
+    QList<QPushButton*> buttons(const QStringList& texts = {"Save", "Image"}) const
     {
-        QList<QPushButton*> result;
-        for (auto* button : sessions()->findChildren<QPushButton*>()) {
-            if (button->text() == QLatin1String("Save") || button->text() == QLatin1String("Image"))
-                result << button;
-        }
+        auto result = sessions()->findChildren<QPushButton*>();
+        result.removeIf([&](auto* button) { return !texts.contains(button->text()); });
         return result;
     }
 };
@@ -126,9 +112,8 @@ void TestFaults::everyExportSurvivesABadPlace()
     const SampleFile file("data.txt", fourCases);
     openSession(file.path());
     m_dialogs.takeRecord();
-    const auto buttons = exportButtons();
-    QVERIFY(buttons.size() >= 14);
-    for (auto* button : buttons) {
+    QVERIFY(buttons().size() >= 14);
+    for (auto* button : buttons()) {
         // Not typed into the dialog, which would enter a folder instead of taking it.
         m_dialogs.onDialog([&](QDialog* dialog) {
             emit qobject_cast<QFileDialog*>(dialog)->fileSelected(place);
@@ -147,8 +132,9 @@ void TestFaults::anExportMayReplaceItsOwnInput()
 {
     const SampleFile file("data.txt", fourCases);
     openSession(file.path());
+    pages()->setCurrentIndex(0);
     m_dialogs.chooseFile(file.path());
-    pages()->widget(0)->findChild<QPushButton*>("pushButtonSave")->click();
+    find<QPushButton>("pushButtonSave")->click();
     read("actionDataASCII", file.path());
     QCOMPARE(m_window->statusBar()->currentMessage(),
              QStringLiteral("Read data matrix, 4 rows and 3 cols"));
@@ -158,11 +144,11 @@ void TestFaults::aSessionMayEndUnderItsOwnDialog()
 {
     const SampleFile file("data.txt", fourCases);
     openSession(file.path());
-    const int count = exportButtons().size();
+    const int count = buttons().size();
     for (int i = 0; i < count; ++i) {
         if (sessions()->count() == 0)
             openSession(file.path());
-        auto* button = exportButtons().value(exportButtons().size() - count + i);
+        auto* button = buttons().value(buttons().size() - count + i);
         m_dialogs.onDialog([&](QDialog* dialog) {
             emit sessions()->tabCloseRequested(0);
             dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file.folder() + "/out");
@@ -178,12 +164,7 @@ void TestFaults::everyDialogMayBeEscaped()
     const SampleFile file("data.txt", fourCases);
     openSession(file.path());
     m_dialogs.takeRecord();
-    auto buttons = exportButtons();
-    for (auto* button : sessions()->findChildren<QPushButton*>()) {
-        if (button->text() == QLatin1String("Edit names of variables"))
-            buttons << button;
-    }
-    for (auto* button : buttons) {
+    for (auto* button : buttons({"Save", "Image", "Edit names of variables"})) {
         m_dialogs.onDialog([](QDialog* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
         button->click();
         QCOMPARE(m_dialogs.takeRecord().size(), 1);
@@ -233,7 +214,10 @@ void TestFaults::closedSessionsKeepOnlyTheirPages()
 #ifdef __SANITIZE_ADDRESS__
     QSKIP("the address sanitizer keeps freed memory for a while");
 #endif
-    const SampleFile file("data.txt", manyCases());
+    QByteArray text; // of a matrix of 3.2 MB
+    for (int i = 0; i < 400000; ++i)
+        text += QByteArray::number(i * 7919L % 99991 % 1000) + (i % 20 < 19 ? ' ' : '\n');
+    const SampleFile file("data.txt", text);
     constexpr int warmUp = 4;
     constexpr int sessionCount = 16;
     qint64 warm = 0;
