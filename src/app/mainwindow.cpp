@@ -10,6 +10,7 @@
 #include "settings/settings.h"
 #include "ui_mainwindow.h"
 #include "views/dialogprecision.h"
+#include "views/plaintooltip.h"
 #include "views/waitcursor.h"
 
 #include <QDesktopServices>
@@ -107,7 +108,7 @@ void MainWindow::addSessionTab(PelmoraSession* session)
     QString title = session->inputFile();
     const int index =
         m_form->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
-    m_form->mainTabWidget->setTabToolTip(index, session->inputFile());
+    m_form->mainTabWidget->setTabToolTip(index, plainToolTip(session->inputFile()));
 }
 
 void MainWindow::on_mainTabWidget_tabCloseRequested(int index)

@@ -6,6 +6,7 @@
 #include "settings/numbertext.h"
 #include "ui_minimalpairentryform.h"
 #include "views/nameheaders.h"
+#include "views/plaintooltip.h"
 #include "views/tablecopy.h"
 
 #include <array>
@@ -14,8 +15,6 @@
 namespace {
 
 enum Column { FirstVariable, SecondVariable, Difference, ColumnCount };
-
-constexpr int widestName = 240; // pixels that a name takes in the label at most
 
 void setNumber(QTableWidget* table, int row, int column, double value, unsigned decimals)
 {
@@ -87,12 +86,12 @@ void MinimalPairEntryForm::showNames()
     const std::array<QString, rankCount> ranks = {tr("First"), tr("Second"), tr("Third")};
     const auto& [first, second] = m_pair.variables;
     const auto cut = [this](const QString& name) {
-        return fontMetrics().elidedText(name, Qt::ElideRight, widestName);
+        return fontMetrics().elidedText(name, Qt::ElideRight, widestName(this));
     };
     m_ui->labelPair->setText(
         tr("%1 minimal pair\nvar. %2\nvar. %3")
             .arg(ranks[static_cast<std::size_t>(m_rank)], cut(first.name), cut(second.name)));
-    m_ui->labelPair->setToolTip((first.name + u'\n' + second.name).toHtmlEscaped());
+    m_ui->labelPair->setToolTip(plainToolTip(first.name + u'\n' + second.name));
     m_ui->tableWidget->setHorizontalHeaderLabels({first.name, second.name, tr("| difference |")});
     m_ui->tableWidget->resizeColumnsToContents();
     m_ui->tableWidget->updateGeometry();

@@ -4,17 +4,12 @@
 #include "views/nameheaders.h"
 
 #include "views/numbertable.h"
+#include "views/plaintooltip.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionHeader>
 #include <QTableView>
 #include <QToolTip>
-
-namespace {
-
-constexpr int widestLabel = 40; // average characters
-
-} // namespace
 
 NameHeader::NameHeader(Qt::Orientation orientation, QWidget* parent)
     : QHeaderView(orientation, parent)
@@ -37,8 +32,7 @@ bool NameHeader::viewportEvent(QEvent* event)
     const auto* help = static_cast<QHelpEvent*>(event);
     const int section = logicalIndexAt(help->pos());
     const bool cut = section >= 0 && shownLabel(section) != label(section);
-    // Escaped, since a tool tip would take a name in angle brackets for markup.
-    QToolTip::showText(help->globalPos(), cut ? label(section).toHtmlEscaped() : QString(), this);
+    QToolTip::showText(help->globalPos(), cut ? plainToolTip(label(section)) : QString(), this);
     return true;
 }
 
@@ -57,9 +51,14 @@ QString NameHeader::shownLabel(int section) const
     return lines.join(u'\n');
 }
 
+int widestName(const QWidget* widget)
+{
+    return 40 * widget->fontMetrics().averageCharWidth();
+}
+
 void installNameHeaders(QTableView* view)
 {
-    const int widest = widestLabel * view->fontMetrics().averageCharWidth();
+    const int widest = widestName(view);
     view->setHorizontalHeader(new NameHeader(Qt::Horizontal, view));
     view->setVerticalHeader(new NameHeader(Qt::Vertical, view));
     view->horizontalHeader()->setMaximumSectionSize(widest);

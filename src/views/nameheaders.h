@@ -26,6 +26,9 @@ private:
     QString shownLabel(int section) const;
 };
 
+/// Pixels that a name takes at most before it is cut.
+int widestName(const QWidget* widget);
+
 /// Gives @p view such headers, and bounds their widths so that long names leave the numbers room.
 void installNameHeaders(QTableView* view);
 
