@@ -16,6 +16,8 @@ const auto lastDataKey = QStringLiteral("Input/LastDataASCIILocation");
 const auto lastCorrelationKey = QStringLiteral("Input/LastCorrASCIILocation");
 const auto lastCorrelationExportKey = QStringLiteral("Export/LastCorrExportLocation");
 
+constexpr int defaultPrecision = 2;
+
 QVariant value(const QString& key, const QVariant& absent = QVariant())
 {
     return QSettings().value(key, absent);
@@ -30,14 +32,15 @@ void setValue(const QString& key, const QVariant& value)
 
 unsigned precision()
 {
-    // toInt and not toUInt: a text store hands -1 over as text, which toUInt would read as 0.
-    const auto stored = static_cast<unsigned>(storedPrecision());
-    return stored < 9U ? stored : 9U;
+    // Signed and long: a text store hands numbers over as text, which toUInt would read as 0 where
+    // it is -1, and toInt would cut.
+    const qlonglong stored = value(precisionKey, defaultPrecision).toLongLong();
+    return stored >= 0 && stored < 9 ? static_cast<unsigned>(stored) : 9U;
 }
 
 int storedPrecision()
 {
-    return value(precisionKey, 2).toInt();
+    return value(precisionKey, defaultPrecision).toInt();
 }
 
 void setPrecision(int decimals)
