@@ -10,12 +10,31 @@
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
+#include "views/waitcursor.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include <exception>
 #include <fstream>
+
+namespace {
+
+/// False when not everything has reached the file.
+bool writeAndClose(std::ofstream& file, const CorrelationData& correlations)
+{
+    const WaitCursor waitCursor;
+    try {
+        writeCorrelations(file, correlations);
+        file.close();
+    } catch (const std::exception&) {
+        return false;
+    }
+    return !file.fail();
+}
+
+} // namespace
 
 CorrForm::CorrForm(SessionFace* session, QWidget* tabWidget)
     : QWidget(tabWidget)
@@ -90,9 +109,7 @@ void CorrForm::writeTo(const QString& fileName)
         QMessageBox::warning(this, tr("Error"), tr("Cannot open file for writing."));
         return;
     }
-    writeCorrelations(file, *m_correlations);
-    file.close();
-    if (!file) {
+    if (!writeAndClose(file, *m_correlations)) {
         QMessageBox::warning(this, tr("Error while trying to save file"),
                              tr("Cannot write to file!"));
         return;
