@@ -74,9 +74,7 @@ class TestSession : public AppTest
 
 private slots:
     void aSessionNeedsAFileAndATabWidget();
-    void samplesGiveTheReferences_data();
     void samplesGiveTheReferences();
-    void scoresHaveUnitVariance_data();
     void scoresHaveUnitVariance();
     void pagesComeInOrder_data();
     void pagesComeInOrder();
@@ -99,71 +97,51 @@ void TestSession::aSessionNeedsAFileAndATabWidget()
     QVERIFY(!session.createCorrelationPageFromData());
 }
 
-void TestSession::samplesGiveTheReferences_data()
-{
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("reference");
-    QTest::addColumn<int>("factors");
-    QTest::newRow("raw data") << "actionDataASCII"
-                              << "box-problem.txt"
-                              << "box-problem" << 3;
-    QTest::newRow("correlations") << "actionCorrASCII"
-                                  << "harman-24-psychological-tests.cor"
-                                  << "harman-24" << 4;
-}
-
 void TestSession::samplesGiveTheReferences()
 {
-    QFETCH(QString, action);
-    QFETCH(QString, file);
-    QFETCH(QString, reference);
-    QFETCH(int, factors);
-    read(action, sample(file));
-    const auto& decomposition = session()->decomposition();
-    const Rows eigenvalues = readReference(reference + ".eigenvalues.txt");
-    QCOMPARE(decomposition.eigenvalues.size(), static_cast<int>(eigenvalues.size()));
-    for (int i = 0; i < decomposition.eigenvalues.size(); ++i)
-        QVERIFY(std::abs(decomposition.eigenvalues[i] - eigenvalues[i][0]) < 1e-11);
+    for (const auto& [action, file, reference, factors] :
+         {std::tuple("actionDataASCII", "box-problem.txt", "box-problem", 3),
+          {"actionCorrASCII", "harman-24-psychological-tests.cor", "harman-24", 4}}) {
+        read(action, sample(file));
+        const auto& decomposition = session()->decomposition();
+        const Rows eigenvalues = readReference(QString("%1.eigenvalues.txt").arg(reference));
+        QCOMPARE(decomposition.eigenvalues.size(), static_cast<int>(eigenvalues.size()));
+        for (int i = 0; i < decomposition.eigenvalues.size(); ++i)
+            QVERIFY(std::abs(decomposition.eigenvalues[i] - eigenvalues[i][0]) < 1e-11);
 
-    const auto result = factoranalysis::factors(decomposition, factors, pelmora::VarimaxRotation,
-                                                pelmora::Matrix(), false);
-    const Rows loadings =
-        readReference(QStringLiteral("%1.varimax-%2.txt").arg(reference).arg(factors));
-    // R stops where its own criterion allows: 1e-6 is its precision, not ours.
-    for (int j = 0; j < factors; ++j)
-        QVERIFY(distance(loadings, j, result.loadings) < 1e-6);
-}
-
-void TestSession::scoresHaveUnitVariance_data()
-{
-    QTest::addColumn<int>("method");
-    QTest::addColumn<bool>("rowWise");
-    QTest::newRow("Pelmora") << int(pelmora::PelmoraRotation) << false;
-    QTest::newRow("Varimax") << int(pelmora::VarimaxRotation) << false;
-    QTest::newRow("unrotated") << int(pelmora::NoRotation) << false;
-    QTest::newRow("a variable per line") << int(pelmora::PelmoraRotation) << true;
+        const auto result =
+            factoranalysis::factors(decomposition, factors, pelmora::VarimaxRotation, {}, false);
+        const Rows loadings =
+            readReference(QString("%1.varimax-%2.txt").arg(reference).arg(factors));
+        // R stops where its own criterion allows: 1e-6 is its precision, not ours.
+        for (int j = 0; j < factors; ++j)
+            QVERIFY(distance(loadings, j, result.loadings) < 1e-6);
+        emit sessions()->tabCloseRequested(0);
+    }
 }
 
 void TestSession::scoresHaveUnitVariance()
 {
-    QFETCH(int, method);
-    QFETCH(bool, rowWise);
     read("actionDataASCII", sample("box-problem.txt"));
-    const auto& box = session()->currentMatrix().matrix();
-    const auto data = rowWise ? transposed(box) : box.clone();
-    auto standardised = factoranalysis::correlations(data, rowWise).standardised;
-    const auto [loadings, scores] =
-        factoranalysis::factors(session()->decomposition(), 3, method, standardised, rowWise);
-    if (rowWise)
-        standardised = transposed(standardised);
-    QCOMPARE(scores.rows(), 20);
-    for (int j = 0; j < 3; ++j) {
-        for (int k = 0; k <= j; ++k)
-            QVERIFY(std::abs(meanProduct(scores, j, scores, k) - (j == k ? 1.0 : 0.0)) < 1e-9);
-        // A loading is the correlation of variable and factor.
-        for (int v = 0; v < loadings.rows(); ++v)
-            QVERIFY(std::abs(meanProduct(scores, j, standardised, v) - loadings[v][j]) < 1e-9);
+    const auto& lines = session()->currentMatrix().matrix();
+    for (const auto& [method, rowWise] : {std::pair(pelmora::PelmoraRotation, false),
+                                          {pelmora::VarimaxRotation, false},
+                                          {pelmora::NoRotation, false},
+                                          {pelmora::PelmoraRotation, true}}) {
+        const auto data = rowWise ? transposed(lines) : lines.clone();
+        auto standardised = factoranalysis::correlations(data, rowWise).standardised;
+        const auto [loadings, scores] =
+            factoranalysis::factors(session()->decomposition(), 3, method, standardised, rowWise);
+        if (rowWise)
+            standardised = transposed(standardised);
+        QCOMPARE(scores.rows(), 20);
+        for (int j = 0; j < 3; ++j) {
+            for (int k = 0; k <= j; ++k)
+                QVERIFY(std::abs(meanProduct(scores, j, scores, k) - (j == k ? 1.0 : 0.0)) < 1e-9);
+            // A loading is the correlation of variable and factor.
+            for (int v = 0; v < loadings.rows(); ++v)
+                QVERIFY(std::abs(meanProduct(scores, j, standardised, v) - loadings[v][j]) < 1e-9);
+        }
     }
 }
 
