@@ -34,10 +34,7 @@ QByteArray randomFile(QRandomGenerator& random)
     for (int line = random.bounded(12); line > 0; --line) {
         if (random.bounded(12) == 0)
             bytes += "vname\t" + QByteArray::number(random.bounded(8)) + '\t' +
-                     oneOf({"A",
-                            "Gr\xF6\xDF"
-                            "e",
-                            "", "5", "vname 2"});
+                     oneOf({"A", "Gr\xF6\xDFt", "", "5", "vname 2"});
         else
             for (int c = rarely() ? random.bounded(7) : columns; c > 0; --c)
                 bytes += oneOf({" ", " ", "\t", "  ", "\v\f", "\xA0"}) + entry();
