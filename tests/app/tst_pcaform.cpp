@@ -16,7 +16,6 @@ private slots:
     void numberOfFactorsIsPreset();
     void processingAddsPagesInOrder();
     void exportsAreColumnsWithTitles();
-    void shownTablesKeepTheirPrecision();
 
 private:
     /// Reads correlations, which leaves the "PCA" page in front.
@@ -107,15 +106,6 @@ void TestPcaForm::exportsAreColumnsWithTitles()
     find<QPushButton>("pushButton")->click();
     QCOMPARE(m_dialogs.takeRecord().last(),
              QStringLiteral("Error while trying to save file|Cannot write to file!"));
-}
-
-void TestPcaForm::shownTablesKeepTheirPrecision()
-{
-    open();
-    m_settings.set(QStringLiteral("Precision"), 4);
-    QCOMPARE(texts("tableWidgetEigenwerte").first(), QStringLiteral("1.60"));
-    session()->createPcaPage();
-    QCOMPARE(texts("tableWidgetEigenwerte").first(), QStringLiteral("1.6000"));
 }
 
 QTEST_MAIN(TestPcaForm)

@@ -77,7 +77,6 @@ private slots:
     void aSessionNeedsAFileAndATabWidget();
     void samplesGiveTheReferences();
     void scoresHaveUnitVariance();
-    void pagesComeInOrder_data();
     void pagesComeInOrder();
     void everyPageShowsItsOwnKind();
     void orientationThereAndBackIsTheSameToTheBit();
@@ -148,46 +147,37 @@ void TestSession::scoresHaveUnitVariance()
     }
 }
 
-void TestSession::pagesComeInOrder_data()
-{
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<int>("factors");
-    QTest::addColumn<QStringList>("boxes");
-    QTest::addColumn<QStringList>("pairs");
-    const QStringList twoPairs = {"Focal factor No. 1", "Focal factor No. 2"};
-    QTest::newRow("usual") << fourCases << 2 << QStringList() << twoPairs;
-    QTest::newRow("all factors") << fourCases << 3 << QStringList()
-                                 << (twoPairs + QStringList("Focal factor No. 3"));
-    QTest::newRow("one variable") << QByteArray("1\n2\n4\n") << 1 << QStringList() << QStringList();
-    QTest::newRow("a constant variable")
-        << QByteArray("1 5 2\n2 5 1\n3 5 5\n4 5 3\n") << 2
-        << QStringList("Error|Error: no convergence in finding eigen values.") << twoPairs;
-}
-
 void TestSession::pagesComeInOrder()
 {
-    QFETCH(QByteArray, data);
-    QFETCH(int, factors);
-    QFETCH(QStringList, pairs);
-    const SampleFile file("data.txt", data);
-    read("actionDataASCII", file.path());
-    QTEST(m_dialogs.takeRecord().mid(1), "boxes");
-    session()->createRotationPages(factors, 7);
-    session()->createRotationPages(1, 4 | 1);
-    const QString m = QString::number(factors);
-    QCOMPARE(titles(pages()),
-             QStringList({"Raw data", "Correlations", "PCA", "Pelmora[" + m + "]",
-                          "Varimax[" + m + "]", "Initial[" + m + "]", "Pelmora[1]", "Initial[1]"}));
-    for (int i = 0; i < pages()->count(); ++i)
-        QVERIFY(!pages()->widget(i)->grab().isNull());
+    const QByteArray oneVariable = "1\n2\n4\n";
+    const QByteArray oneConstant = "1 5 2\n2 5 1\n3 5 5\n4 5 3\n";
+    const QStringList told("Error|Error: no convergence in finding eigen values.");
+    for (const auto& [data, factors, boxes] : {std::tuple(fourCases, 2, QStringList()),
+                                               {fourCases, 3, {}},
+                                               {oneVariable, 1, {}},
+                                               {oneConstant, 2, told}}) {
+        const SampleFile file("data.txt", data);
+        read("actionDataASCII", file.path());
+        QCOMPARE(m_dialogs.takeRecord().mid(1), boxes);
+        session()->createRotationPages(factors, 7);
+        session()->createRotationPages(1, 4 | 1);
+        const QString m = QString::number(factors);
+        QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA",
+                                               "Pelmora[" + m + "]", "Varimax[" + m + "]",
+                                               "Initial[" + m + "]", "Pelmora[1]", "Initial[1]"}));
+        for (int i = 0; i < pages()->count(); ++i)
+            QVERIFY(!pages()->widget(i)->grab().isNull());
 
-    pages()->setCurrentIndex(3);
-    const QStringList parts =
-        pairs.isEmpty() ? QStringList({"Visualization", "Factor scores"})
-                        : QStringList({"Visualization", "Minimal pairs", "Factor scores"});
-    QCOMPARE(titles(find<QTabWidget>()), parts);
-    if (!pairs.isEmpty())
-        QCOMPARE(titles(find<QTabWidget>("tabWidgetMinimalPairs")), pairs);
+        pages()->setCurrentIndex(3);
+        QStringList parts = {"Visualization", "Minimal pairs", "Factor scores"};
+        if (data == oneVariable)
+            parts.removeAt(1);
+        else
+            QCOMPARE(find<QTabWidget>("tabWidgetMinimalPairs")->tabText(factors - 1),
+                     "Focal factor No. " + m);
+        QCOMPARE(titles(find<QTabWidget>()), parts);
+        emit sessions()->tabCloseRequested(0);
+    }
 }
 
 void TestSession::everyPageShowsItsOwnKind()
