@@ -4,7 +4,7 @@
 #pragma once
 
 /// The computations of src/numerics as a textbook writes them: straight loops over rows and columns
-/// in the described order, nothing arranged for speed. Shapes, units and faults are those of the
+/// in their natural order, nothing arranged for speed. Shapes, units and faults are those of the
 /// functions of the same name there.
 namespace pelmora::plain {
 

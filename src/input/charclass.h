@@ -25,7 +25,7 @@ constexpr bool isNumeric(char16_t code)
     return isDigit(code) || code == u'+' || code == u'-' || code == u'.' || isBlank(code);
 }
 
-/// What one byte of a file means to the readers.
+/// What one byte of a file means to the readers; what makes up numbers comes first.
 enum class ByteClass : std::uint8_t { Digit, Sign, Point, Other, Blank, LineEnd, Nul };
 
 inline constexpr std::array<ByteClass, 256> byteClasses = [] {

@@ -7,7 +7,7 @@
 #include "input/numberparser.h"
 #include "input/numberscan.h"
 #include "numerics/largepages.h"
-#include "numerics/matrixblock.h"
+#include "numerics/memory.h"
 
 #include <algorithm>
 #include <bit>

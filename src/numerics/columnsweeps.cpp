@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// How the sweeps use the loops of rotationkernels.cpp. The order of the pairs is the described one,
-// but for one liberty that no bit can tell: pair (j + 1, k - 1) touches nothing that pair (j, k)
-// does, so the plain sweep takes two factors j and j + 1 against the others at once, the second one
-// column behind the first.
+// How the sweeps use the loops of rotationkernels.cpp. The pairs keep the order of
+// the plain loops, but for one liberty that no bit can tell: pair (j + 1, k - 1) touches nothing
+// that pair (j, k) does, so the plain sweep takes two factors j and j + 1 against the others at
+// once, the second one column behind the first.
 
 #include "numerics/columnsweeps.h"
 
@@ -113,7 +113,7 @@ double ColumnSweeps::trialOf(ColumnTurn turn, int j, int k)
 std::optional<ColumnTurn> ColumnSweeps::methodAwareTurn(int j, int k)
 {
     PairSums sums;
-    const double current = sumPair(m_l[j], m_l[k], m_variables, sums).sum();
+    const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
     const auto [angle1, angle2] = pairAngles(sums, m_variables);
     const std::optional<ColumnTurn> first = turnBy(angle1, j, k);
     if (first && isBetter(current, trialOf(*first, j, k)))
@@ -124,20 +124,20 @@ std::optional<ColumnTurn> ColumnSweeps::methodAwareTurn(int j, int k)
 std::optional<ColumnTurn> ColumnSweeps::improvingTurn(int j, int k)
 {
     PairSums sums;
-    const double current = sumPair(m_l[j], m_l[k], m_variables, sums).sum();
+    const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
     const auto [angle1, angle2] = pairAngles(sums, m_variables);
     for (double angle : {angle1, angle2}) {
-        const std::optional<ColumnTurn> turn = turnBy(angle, j, k);
-        if (turn && isBetter(trialOf(*turn, j, k), current))
-            return turn;
+        const std::optional<ColumnTurn> candidate = turnBy(angle, j, k);
+        if (candidate && isBetter(trialOf(*candidate, j, k), current))
+            return candidate;
     }
     return {};
 }
 
-void ColumnSweeps::turn(int j, int k, ColumnTurn turn)
+void ColumnSweeps::turn(int j, int k, ColumnTurn by)
 {
-    turnColumns(m_l[j], m_l[k], m_variables, turn);
-    turnColumns(m_b[j], m_b[k], m_variables, turn);
+    turnColumns(m_l[j], m_l[k], m_variables, by);
+    turnColumns(m_b[j], m_b[k], m_variables, by);
 }
 
 double ColumnSweeps::methodAwareSweep()

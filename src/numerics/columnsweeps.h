@@ -40,7 +40,7 @@ private:
     std::optional<ColumnTurn> improvingTurn(int j, int k);
     double criterionOf(int j) const;
     double trialOf(ColumnTurn turn, int j, int k);
-    void turn(int j, int k, ColumnTurn turn);
+    void turn(int j, int k, ColumnTurn by);
     void turnToNearest(int j, int k);
     void refineTwoFactors(int j);
     void advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums);

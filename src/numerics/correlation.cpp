@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The described pair sums, arranged for the cache and for vectors. Blocks of cases are centred and
+// The sums of all pairs, arranged for the cache and for vectors. Blocks of cases are centred and
 // packed into panels of eight variables, case after case; a tile of sums, two or four variables
 // against eight, stays in registers while it runs through a block. Every sum still takes its cases
 // in their order. The sum of a pair is the same in both triangles, only the division differs, and

@@ -19,6 +19,7 @@ void score_coefficients(const double* d, const double* const* v, int p, int m, d
 
 /// Share of the total variance per factor in percent, 100 d[j] / n, and its running sum.
 /// Negative eigenvalues enter both with their sign.
+/// @param variance, cumulative  receive n values each
 void explained_variance(const double* d, int n, double* variance, double* cumulative);
 
 } // namespace pelmora

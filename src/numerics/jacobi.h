@@ -11,8 +11,8 @@ namespace pelmora {
 /// @param v  n x n, receives the eigenvectors: column k belongs to d[k]. It starts as the diagonal
 ///           of a, not as the identity, on purpose: for a correlation matrix the two are equal.
 /// @returns the number of rotations
-/// After 499 sweeps reports "Error: no convergence in finding eigen values."; d and v then hold the
-/// values of the last sweep. After a reported allocation failure both are NaN.
+/// Where 499 sweeps do not suffice, reports "Error: no convergence in finding eigen values."; d and
+/// v then hold the values of the last sweep. After a reported allocation failure both are NaN.
 /// Jacobi, C. G. J. (1846), J. reine angew. Math. 30, 51-94.
 /// Thresholds after Rutishauser, H. (1966), Numer. Math. 9, 1-10.
 int jacobi(double** a, int n, double* d, double** v);

@@ -76,7 +76,7 @@ struct TurnColumns
             strip.ipRow += length;
             strip.firstRow += length;
         }
-        turnRest<Lanes>(strip, left * 8 / length, turns, count);
+        turnRest<Lanes>(strip, left / laneCount<Lanes>, turns, count);
     }
 
     template <typename Lanes>
@@ -94,42 +94,15 @@ struct TurnColumns
 
 /// Writes the transpose of as many rows as there are lanes.
 template <typename Lanes>
-struct Transpose;
-
-template <>
-struct Transpose<TwoLanes>
+PELMORA_ALWAYS_INLINE void writeTransposed(const double* from, double* to, std::ptrdiff_t stride)
 {
-    PELMORA_ALWAYS_INLINE static void run(const double* from, double* to, std::ptrdiff_t stride)
-    {
-        const TwoLanes a = lanesAt<TwoLanes>(from).values;
-        const TwoLanes b = lanesAt<TwoLanes>(from + stride).values;
-        lanesAt<TwoLanes>(to).values = __builtin_shufflevector(a, b, 0, 2);
-        lanesAt<TwoLanes>(to + stride).values = __builtin_shufflevector(a, b, 1, 3);
-    }
-};
-
-template <>
-struct Transpose<FourLanes>
-{
-    PELMORA_ALWAYS_INLINE static void run(const double* from, double* to, std::ptrdiff_t stride)
-    {
-        const FourLanes a = lanesAt<FourLanes>(from).values;
-        const FourLanes b = lanesAt<FourLanes>(from + stride).values;
-        const FourLanes c = lanesAt<FourLanes>(from + 2 * stride).values;
-        const FourLanes d = lanesAt<FourLanes>(from + 3 * stride).values;
-        const FourLanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
-        const FourLanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
-        const FourLanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
-        const FourLanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
-        lanesAt<FourLanes>(to).values = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
-        to += stride;
-        lanesAt<FourLanes>(to).values = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
-        to += stride;
-        lanesAt<FourLanes>(to).values = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
-        to += stride;
-        lanesAt<FourLanes>(to).values = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
-    }
-};
+    Lanes square[laneCount<Lanes>];
+    for (int i = 0; i < laneCount<Lanes>; ++i)
+        square[i] = lanesAt<Lanes>(from + i * stride).values;
+    transpose(square);
+    for (int i = 0; i < laneCount<Lanes>; ++i)
+        lanesAt<Lanes>(to + i * stride).values = square[i];
+}
 
 /// Copies the eight rows of a block, from column @p first up to @p end, into the columns that
 /// mirror them.
@@ -140,7 +113,7 @@ struct MirrorBlock
     {
         for (int column = first; column < end; column += laneCount<Lanes>)
             for (int row = block; row < block + blockSize; row += laneCount<Lanes>)
-                Transpose<Lanes>::run(rows[row] + column, rows[column] + row, rows.stride());
+                writeTransposed<Lanes>(rows[row] + column, rows[column] + row, rows.stride());
     }
 };
 
@@ -195,6 +168,8 @@ int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
     fetchCrossing(rows, ip, block, crossing);
     const int count = findTurns(state, ip, block, first, end, crossing, turns);
     if (count > 0) {
+        // Column ip, in which rotations leave zeros, is turned like any other, and mirrored into
+        // row ip. No other column sees it; the lines below and mirrorRow() put both right.
         runKernel<TurnColumns>(rows, ip, turns, count, 0, width);
         for (int iq = first; iq < block + blockSize; ++iq)
             std::copy_n(crossing.y[iq - block], blockSize, rows[iq] + block);

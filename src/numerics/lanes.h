@@ -44,6 +44,28 @@ PELMORA_ALWAYS_INLINE const LanesInMemory<Lanes>& lanesAt(const double* values)
     return *reinterpret_cast<const LanesInMemory<Lanes>*>(values);
 }
 
+/// Turns rows into columns.
+PELMORA_ALWAYS_INLINE void transpose(TwoLanes (&square)[2])
+{
+    const TwoLanes a = square[0];
+    const TwoLanes b = square[1];
+    square[0] = __builtin_shufflevector(a, b, 0, 2);
+    square[1] = __builtin_shufflevector(a, b, 1, 3);
+}
+
+PELMORA_ALWAYS_INLINE void transpose(FourLanes (&square)[4])
+{
+    const auto& [a, b, c, d] = square;
+    const FourLanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
+    const FourLanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
+    const FourLanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
+    const FourLanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
+    square[0] = __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
+    square[1] = __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
+    square[2] = __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
+    square[3] = __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
+}
+
 #if PELMORA_WIDE_KERNELS
 inline const bool processorHasWideLanes = __builtin_cpu_supports("avx2");
 
@@ -56,7 +78,8 @@ __attribute__((target("avx2"))) auto runWide(Arguments&&... arguments)
 
 /// Runs a kernel, a class with a static function template run<Lanes>(), with the lanes that the
 /// processor is good at: four with AVX2, two anywhere else. Both give the same bits, for lanes
-/// never change the order of a sum. There is no kernel for FMA, on purpose, nor for anything that
+/// never change the order of a sum. Plain loops may ignore Lanes and still gain from being compiled
+/// for the processor. There is no kernel for FMA, on purpose, nor for anything that
 /// brings it along: a fused multiplication and addition rounds once instead of twice.
 template <typename Kernel, typename... Arguments>
 auto runKernel(Arguments&&... arguments)

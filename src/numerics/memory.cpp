@@ -28,6 +28,25 @@ T* allocateBlock(std::size_t count)
                                             : nullptr;
 }
 
+/// Row pointers, with a spare one in front and a first one even where there are no rows: that one
+/// leads to the element block.
+double** allocateRowPointers(std::size_t rows)
+{
+    double** pointers = allocateBlock<double*>(std::max<std::size_t>(rows, 1) + 1);
+    if (!pointers) {
+        reportError("allocation failure 1 in matrix()");
+        return nullptr;
+    }
+    return pointers + 1;
+}
+
+void setRows(double** m, std::size_t rows, double* first, std::size_t columns)
+{
+    m[0] = first;
+    for (std::size_t i = 1; i < rows; ++i)
+        m[i] = m[i - 1] + columns;
+}
+
 double* allocateElements(std::size_t rows, std::size_t columns)
 {
     if (columns > 0 && rows > (PTRDIFF_MAX - 1) / columns)
@@ -60,22 +79,25 @@ double** matrix(int nrl, int nrh, int ncl, int nch)
 {
     const std::size_t rows = lengthOf(nrl, nrh);
     const std::size_t columns = lengthOf(ncl, nch);
-    // The first row pointer leads to the element block, so it exists even without rows.
-    double** pointers = allocateBlock<double*>(std::max<std::size_t>(rows, 1) + 1);
-    if (!pointers) {
-        reportError("allocation failure 1 in matrix()");
+    double** m = allocateRowPointers(rows);
+    if (!m)
         return nullptr;
-    }
     double* elements = allocateElements(rows, columns);
     if (!elements) {
         reportError("allocation failure 2 in matrix()");
-        std::free(pointers);
+        std::free(m - 1);
         return nullptr;
     }
-    double** m = pointers + 1 - nrl;
-    m[nrl] = elements + 1 - ncl;
-    for (std::size_t i = 1; i < rows; ++i)
-        pointers[i + 1] = pointers[i] + columns;
+    setRows(m, rows, elements + 1 - ncl, columns);
+    return m - nrl;
+}
+
+double** matrix_from_block(double* block, int nrow, int ncol)
+{
+    const std::size_t rows = lengthOf(1, nrow);
+    double** m = allocateRowPointers(rows);
+    if (m)
+        setRows(m, rows, block + 1, lengthOf(1, ncol));
     return m;
 }
 

@@ -18,7 +18,9 @@ struct PairSums
     double E; ///< of -u^2 / 2 + 2 w^2
 };
 
-/// (b - q) and (b + q) are the tangents of twice the stationary angles.
+/// (b - q) and (b + q) are the tangents of twice the stationary angles: the roots of
+/// t^2 - 2 b t - 1 = 0 for t = tan(2 phi). Their product is -1, so the angles are 45 degrees apart,
+/// and -1 / b = tan(4 phi) is the equation of Kaiser (1958), whose v is 2 w here.
 struct PairTangents
 {
     double b;

@@ -9,7 +9,7 @@ namespace pelmora {
 enum RotationMethod : int {
     PelmoraRotation = 0, ///< minimise the criterion
     VarimaxRotation = 1, ///< maximise the criterion
-    NoRotation = 2       ///< never handed to rotate()
+    NoRotation = 2       ///< never handed to rotate(); sweeps take the angle nearest to zero
 };
 
 /// Variance of the squared loadings of factor j over p variables (raw Varimax, no row
@@ -27,7 +27,7 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
 /// @param l  p x (at least m + 1) loadings; columns 0..m-1 are rotated
 /// @param b  p x (at least m); receives the same rotations
 /// A pair without a usable angle stays as it stands. After a reported allocation failure the
-/// rotated columns are NaN.
+/// rotated columns and the result are NaN.
 /// @returns the criterion of columns 0..m-2 and m after the sweep: m - 1 is left out and the
 ///          unrotated column m counted, on purpose, since the end of long rotations depends on it
 double rotation_sweep(double** l, double** b, int m, int p, int method);

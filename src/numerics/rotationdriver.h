@@ -13,15 +13,15 @@ inline constexpr double rotationTolerance = 1e-12;
 
 /// Plain sweeps go to the nearest stationary point, which can be of the wrong kind; two sweeps may
 /// then undo each other for ever, and where the criterion is flat the factors may drift for ever.
-/// Takes the total of every refining sweep and tells when it is time to give up. It must never do
-/// so when a refinement would end by itself; none of these was seen to swing for more than a dozen
-/// sweeps.
+/// take() wants the total of every refining sweep and tells when it is time to give up. It must
+/// never do so when a refinement would end by itself; none of these was seen to swing for more than
+/// a dozen sweeps.
 class EndlessRefinement
 {
 public:
     explicit EndlessRefinement(std::int64_t sweepLimit) : m_sweepLimit(sweepLimit) {}
 
-    bool isSeenWith(double total)
+    bool take(double total)
     {
         const double scale = std::fmax(1.0, std::fabs(total));
         const bool swings = std::fabs(total - m_last) > 1e-9 * scale &&
@@ -70,7 +70,8 @@ void improveToTheEnd(Sweeps& sweeps, std::int64_t sweepLimit)
 
 /// The course of a rotation, whatever carries out its sweeps: two method-aware sweeps choose the
 /// basin, plain ones refine until two totals agree. NaN ends it too.
-/// Sweeps has methodAwareSweep() and plainSweep(), which return the described total;
+/// Sweeps has methodAwareSweep() and plainSweep(), which return the total that
+/// rotation_sweep() returns;
 /// improvingSweep(); total(), the criterion of all rotated columns; and isBetter() for two of
 /// these.
 template <typename Sweeps>
@@ -86,7 +87,7 @@ void driveRotation(Sweeps& sweeps, int m, int p)
         const double total = sweeps.plainSweep();
         if (!(std::fabs(previous - total) > rotationTolerance))
             return;
-        if (endless.isSeenWith(total))
+        if (endless.take(total))
             return improveToTheEnd(sweeps, limit / 20);
         previous = total;
     }

@@ -31,14 +31,10 @@ struct FourSums<FourLanes>
     PELMORA_ALWAYS_INLINE void add(const FourLanes& a, const FourLanes& b, const FourLanes& c,
                                    const FourLanes& d)
     {
-        const FourLanes evenAB = __builtin_shufflevector(a, b, 0, 4, 2, 6);
-        const FourLanes oddAB = __builtin_shufflevector(a, b, 1, 5, 3, 7);
-        const FourLanes evenCD = __builtin_shufflevector(c, d, 0, 4, 2, 6);
-        const FourLanes oddCD = __builtin_shufflevector(c, d, 1, 5, 3, 7);
-        sums += __builtin_shufflevector(evenAB, evenCD, 0, 1, 4, 5);
-        sums += __builtin_shufflevector(oddAB, oddCD, 0, 1, 4, 5);
-        sums += __builtin_shufflevector(evenAB, evenCD, 2, 3, 6, 7);
-        sums += __builtin_shufflevector(oddAB, oddCD, 2, 3, 6, 7);
+        FourLanes rows[] = {a, b, c, d};
+        transpose(rows);
+        for (const FourLanes& row : rows)
+            sums += row;
     }
 };
 
@@ -53,10 +49,14 @@ struct FourSums<TwoLanes>
     PELMORA_ALWAYS_INLINE void add(const TwoLanes& a, const TwoLanes& b, const TwoLanes& c,
                                    const TwoLanes& d)
     {
-        sums[0] += __builtin_shufflevector(a, b, 0, 2);
-        sums[1] += __builtin_shufflevector(c, d, 0, 2);
-        sums[0] += __builtin_shufflevector(a, b, 1, 3);
-        sums[1] += __builtin_shufflevector(c, d, 1, 3);
+        TwoLanes rowsAB[] = {a, b};
+        TwoLanes rowsCD[] = {c, d};
+        transpose(rowsAB);
+        transpose(rowsCD);
+        for (int row = 0; row < 2; ++row) {
+            sums[0] += rowsAB[row];
+            sums[1] += rowsCD[row];
+        }
     }
 };
 
@@ -160,7 +160,7 @@ struct FormCriteria
     }
 };
 
-struct SumPairAndFormCriteria
+struct FormCriteriaAndSums
 {
     template <typename Lanes>
     PELMORA_ALWAYS_INLINE static Criteria run(const double* x, const double* y, int p,
@@ -251,9 +251,9 @@ Criteria columnCriteria(const double* x, const double* y, int p)
     return runKernel<FormCriteria>(x, y, p);
 }
 
-Criteria sumPair(const double* x, const double* y, int p, PairSums& sums)
+Criteria criteriaAndSums(const double* x, const double* y, int p, PairSums& sums)
 {
-    return runKernel<SumPairAndFormCriteria>(x, y, p, sums);
+    return runKernel<FormCriteriaAndSums>(x, y, p, sums);
 }
 
 void turnColumns(double* x, double* y, int p, ColumnTurn turn)

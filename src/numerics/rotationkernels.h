@@ -44,8 +44,8 @@ struct Criteria
 
 Criteria columnCriteria(const double* x, const double* y, int p);
 
-/// Both of a pair in one pass.
-Criteria sumPair(const double* x, const double* y, int p, PairSums& sums);
+/// The criteria of a pair, and its sums in the same pass.
+Criteria criteriaAndSums(const double* x, const double* y, int p, PairSums& sums);
 
 void turnColumns(double* x, double* y, int p, ColumnTurn turn);
 
