@@ -10,6 +10,7 @@
 #include "input/triangle.h"
 
 #include <algorithm>
+#include <new>
 #include <optional>
 #include <vector>
 
@@ -66,6 +67,7 @@ bool allEndWithOne(const Outlines& lines)
     return std::all_of(lines.begin(), lines.end(), [](auto& line) { return line.last == 1.0; });
 }
 
+/// No lines are a square too; getData() refuses it.
 bool isFullSquare(const Outlines& lines)
 {
     const auto order = static_cast<qsizetype>(lines.size());
@@ -120,7 +122,7 @@ bool fillRow(double* row, int columns, const QString& line)
             return false;
         row[c] = *value;
     }
-    return columns > 0;
+    return true;
 }
 
 } // namespace
@@ -134,6 +136,17 @@ bool AsciiCorrReader::read()
 {
     if (!readFile())
         return false;
+    try {
+        return complete();
+    } catch (const std::bad_alloc&) {
+        // A square takes more than twice the memory of the triangle that was read.
+        showReadError();
+        return false;
+    }
+}
+
+bool AsciiCorrReader::complete()
+{
     const int shape = identifyType();
     if (shape == Unidentified) {
         showReaderReport(QMessageBox::Warning, tr("Error"),
@@ -165,7 +178,7 @@ bool AsciiCorrReader::checkConsistency()
 }
 
 bool AsciiCorrReader::getData(AsciiData& data)
-{
+try {
     data.setNames(variableNames());
     // A misread triangle may have longer lines than the square has columns.
     bool filled = lineCount() > 0 && lineCount() == data.rows() && columnCount() == data.cols();
@@ -173,4 +186,6 @@ bool AsciiCorrReader::getData(AsciiData& data)
     for (int r = 0; filled && r < static_cast<int>(data.rows()); ++r)
         filled = fillRow(data.matrix()[r], static_cast<int>(data.cols()), lines[r]);
     return filled;
+} catch (const std::bad_alloc&) {
+    return false;
 }

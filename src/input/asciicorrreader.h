@@ -25,6 +25,10 @@ public:
     /// Always true: identifyType() has looked at the row lengths.
     bool checkConsistency();
 
-    /// As AsciiDataReader::getData(), from the completed lines.
+    /// Fills the allocated matrix of @p data from the completed lines and replaces its names. False
+    /// when an entry is missing or is not a number, or there is none at all.
     bool getData(AsciiData& data);
+
+private:
+    bool complete();
 };

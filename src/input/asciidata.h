@@ -54,7 +54,7 @@ private:
     std::uint32_t m_rows = 0;
     std::uint32_t m_cols = 0;
     VariableNames m_names;
-    std::string m_extra;
+    std::string m_extra; ///< nothing yet
 };
 
 /// Writes the name header of every text file that the program makes: one line "vname", tab, 1-based

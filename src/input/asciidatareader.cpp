@@ -8,6 +8,7 @@
 #include "input/readerreport.h"
 #include "input/variablenames.h"
 
+#include <new>
 #include <utility>
 
 namespace {
@@ -44,7 +45,7 @@ bool AsciiDataReader::checkConsistency()
 }
 
 bool AsciiDataReader::getData(AsciiData& data)
-{
+try {
     pelmora::NumberLines& lines = *numbers();
     const bool sameSize = lineCount() == data.rows() && columnCount() == data.cols();
     const bool complete = sameSize && lines.isComplete();
@@ -55,4 +56,6 @@ bool AsciiDataReader::getData(AsciiData& data)
     else
         data.setMatrix(std::move(matrix));
     return complete;
+} catch (const std::bad_alloc&) {
+    return false;
 }

@@ -17,7 +17,8 @@ public:
     /// names the first fault. Lines and columns in the messages count from zero, on purpose.
     bool checkConsistency();
 
-    /// Fills the allocated matrix of @p data and replaces its names: numbers as default names, then
-    /// the file's name lines in order. False when an entry is not a number or there is none at all.
+    /// Gives @p data, which must have the size of the file's data, its numbers, in a block that
+    /// takes the place of its matrix, and its names: numbers as default names, then the file's name
+    /// lines in order. False when an entry is not a number or there is none at all.
     bool getData(AsciiData& data);
 };

@@ -81,9 +81,14 @@ bool AsciiReader::readFile()
         // A text that does not fit into memory cannot be read.
     }
     if (!read)
-        showReaderReport(QMessageBox::Warning, QStringLiteral("Error"),
-                         QStringLiteral("Error while reading file %1").arg(m_fileName));
+        showReadError();
     return read;
+}
+
+void AsciiReader::showReadError() const
+{
+    showReaderReport(QMessageBox::Warning, QStringLiteral("Error"),
+                     QStringLiteral("Error while reading file %1").arg(m_fileName));
 }
 
 bool AsciiReader::readNumbers(QFile& file)

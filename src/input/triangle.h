@@ -6,7 +6,8 @@
 #include <QStringList>
 
 /// Completes the lines of a triangle to those of a full square matrix. Entries are copied as text.
-/// Where an entry has no place in the square, or one is missing in it, the lines stay a triangle.
+/// Where an upper line has an entry too many, or a lower line one too few, the lines stay a
+/// triangle; what a lower line holds beyond its diagonal stays at its end.
 namespace triangle {
 
 QStringList withUpperDiagonal(const QStringList& lines);
