@@ -10,6 +10,13 @@
 
 namespace {
 
+/// What the numerics report; named here for translators.
+[[maybe_unused]] constexpr const char* texts[] = {
+    QT_TRANSLATE_NOOP("Numerics", "Error: no convergence in finding eigen values."),
+    QT_TRANSLATE_NOOP("Numerics", "allocation failure in dvector()"),
+    QT_TRANSLATE_NOOP("Numerics", "allocation failure 1 in matrix()"),
+    QT_TRANSLATE_NOOP("Numerics", "allocation failure 2 in matrix()")};
+
 void showError(const char* text)
 {
     QMessageBox::warning(nullptr, QCoreApplication::translate("Numerics", "Error"),

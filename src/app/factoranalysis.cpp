@@ -10,6 +10,7 @@
 #include "numerics/rotation.h"
 
 #include <algorithm>
+#include <utility>
 
 using pelmora::Matrix;
 using pelmora::Vector;
@@ -83,7 +84,7 @@ Decomposition decompose(const Matrix& correlations)
     result.rotations = pelmora::jacobi(destroyed.rowPointers(), n, result.eigenvalues.data(),
                                        result.eigenvectors.rowPointers());
     pelmora::sort_eigenpairs(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n);
-    Matrix loadings = std::move(destroyed);
+    Matrix loadings = std::move(destroyed); // its storage serves once more
     pelmora::initial_loadings(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n, n,
                               loadings.rowPointers());
     result.initialLoadings = std::move(loadings);

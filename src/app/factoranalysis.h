@@ -5,8 +5,6 @@
 
 #include "numerics/owners.h"
 
-#include <cstddef>
-
 /// What a session computes between its input matrix and its factor pages; no page, no widget.
 namespace factoranalysis {
 
