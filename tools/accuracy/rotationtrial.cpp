@@ -6,6 +6,7 @@
 #include "rotationproblem.h"
 
 #include "numerics/rotation.h"
+#include "numerics/rotationdriver.h"
 
 #include <algorithm>
 #include <chrono>
@@ -47,6 +48,22 @@ double steepestPair(const Matrix& l, int m)
     return double(steepest / meanSquareCommunality(l, m));
 }
 
+/// Goes the same way without help, @p bound sweeps at most, and compares.
+void compareWithPlain(RotationTrial& trial, const Matrix& allLoadings, const Matrix& l,
+                      const Matrix& companion, int m, int method, int bound)
+{
+    Matrix plainL = loadingsToRotate(allLoadings, m);
+    Matrix plainCompanion = unitColumns(l.rows(), m);
+    trial.plain = rotatePlainly(plainL, plainCompanion, m, method, bound);
+    trial.untouched = sameBits(l, plainL) && sameBits(companion, plainCompanion);
+    trial.shortfall = 0.0;
+    if (trial.plain.ended)
+        return;
+    const auto [low, high] = std::minmax(trial.plain.last, trial.plain.lastButOne);
+    const long double reached = relativeCriterion(l, m);
+    trial.shortfall = double(method == VarimaxRotation ? high - reached : reached - low);
+}
+
 } // namespace
 
 RotationTrial tryRotation(const Matrix& allLoadings, int m, int method)
@@ -54,23 +71,17 @@ RotationTrial tryRotation(const Matrix& allLoadings, int m, int method)
     const int p = allLoadings.rows();
     Matrix l = loadingsToRotate(allLoadings, m);
     Matrix companion = unitColumns(p, m);
-    Matrix plainL = l.clone();
-    Matrix plainCompanion = companion.clone();
 
+    RotationTrial trial;
     const auto start = std::chrono::steady_clock::now();
     rotate(l.rowPointers(), companion.rowPointers(), m, p, method);
-    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-
-    RotationTrial trial{rotatePlainly(plainL, plainCompanion, m, method, sweepBound(p, m)),
-                        elapsed.count()};
+    trial.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     trial.madeNan = hasNan(l);
-    trial.untouched = sameBits(l, plainL) && sameBits(companion, plainCompanion);
     trial.steepestPair = steepestPair(l, m);
-    if (!trial.plain.ended) {
-        const auto [low, high] = std::minmax(trial.plain.last, trial.plain.lastButOne);
-        const long double reached = relativeCriterion(l, m);
-        trial.shortfall = double(method == VarimaxRotation ? high - reached : reached - low);
-    }
+    compareWithPlain(trial, allLoadings, l, companion, m, method, sweepBound(p, m));
+    // What ended worse may have ended by itself, behind the bound.
+    if (trial.isWorse())
+        compareWithPlain(trial, allLoadings, l, companion, m, method, int(refinementLimit(m, p)));
     return trial;
 }
 

@@ -20,6 +20,9 @@ struct RotationTrial
     double shortfall = 0.0;
     /// The largest slope of relativeCriterion() over the angle of a pair.
     double steepestPair = 0.0;
+
+    /// By more than rounding.
+    bool isWorse() const { return !plain.ended && !(shortfall <= 1e-12); }
 };
 
 /// Rotates the first @p m factors of @p allLoadings both ways.

@@ -25,7 +25,7 @@ void Tally::addRotation(const RotationTrial& trial, std::int64_t number, int m, 
 {
     const bool endless = !trial.plain.ended;
     const bool touched = !endless && !trial.untouched;
-    const bool worse = endless && !(trial.shortfall <= rounding);
+    const bool worse = trial.isWorse();
     if (trial.madeNan || touched || worse)
         faults << "data set " << number << ", " << m << " factors, method " << method
                << (trial.madeNan ? ": NaN" : "") << (touched ? ": other bits" : "")
