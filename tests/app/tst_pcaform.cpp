@@ -4,6 +4,8 @@
 #include "apptest.h"
 
 #include <QAbstractItemModel>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QSpinBox>
 #include <QTableView>
 
@@ -55,6 +57,15 @@ void TestPcaForm::tablesShowTheDecomposition()
     QCOMPARE(vectors->headerData(1, Qt::Vertical).toString(), QStringLiteral("Net income"));
     QCOMPARE(model("tableWidgetEigenwerte")->headerData(2, Qt::Vertical).toString(),
              QStringLiteral("Cumulative\nVariance[%]"));
+
+    for (auto* table : pages()->currentWidget()->findChildren<QTableView*>()) {
+        table->selectAll();
+        for (auto* action : table->actions())
+            action->trigger();
+        const auto* copied = table->model();
+        QVERIFY(QGuiApplication::clipboard()->text().contains(
+            copied->index(0, 0).data().toString() + '\t' + copied->index(0, 1).data().toString()));
+    }
 }
 
 void TestPcaForm::numberOfFactorsIsPreset()
