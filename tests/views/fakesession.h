@@ -8,37 +8,22 @@
 
 #include <QDir>
 
-#include <algorithm>
-#include <initializer_list>
-
-/// Replaces the matrix of @p data by @p rows.
-inline void setValues(AsciiData& data, std::initializer_list<std::initializer_list<double>> rows)
-{
-    pelmora::Matrix values(static_cast<int>(rows.size()), static_cast<int>(rows.begin()->size()));
-    int i = 0;
-    for (const auto& row : rows)
-        std::copy(row.begin(), row.end(), values[i++]);
-    data.setMatrix(std::move(values));
-}
-
 /// A session as far as a page sees it.
 class FakeSession : public SessionFace
 {
 public:
-    QString outputStem() const override { return stem; }
-    QVector<QString> variableNames() const override { return names.texts(); }
+    /// The folder exists, else a file dialog would propose another.
+    QString outputStem() const override { return QDir::tempPath() + "/box"; }
+    QVector<QString> variableNames() const override { return data.names().texts(); }
     void setVariableNames(const QVector<QString>& texts) override
     {
-        names = VariableNames::fromTexts(texts);
-        data.setNames(names);
-        emit variableNamesChanged(names.texts());
+        data.setNames(VariableNames::fromTexts(texts));
+        emit variableNamesChanged(variableNames());
     }
     bool isRowWise() const override { return rowWise; }
     void setRowWise(bool newState) override { rowWise = refuses ? rowWise : newState; }
 
-    QString stem = QDir::tempPath() + QStringLiteral("/box");
     CorrelationData data;
-    VariableNames names;
     bool rowWise = false;
     bool refuses = false; ///< to change the orientation
 };

@@ -5,30 +5,39 @@
 #include "views/loadings.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
+#include "views/widgets.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QClipboard>
 #include <QHeaderView>
-#include <QTableView>
 #include <QTest>
 
 #include <cmath>
-#include <limits>
-#include <random>
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-QString cell(const NumberTableModel& model, int row, int column)
+/// A view of numbers with the column headers "A", "B", ... and given row headers.
+struct Table
 {
-    return model.index(row, column).data().toString();
-}
+    explicit Table(pelmora::Matrix numbers, const QStringList& labels = {})
+        : values(std::move(numbers))
+    {
+        view.setModel(&model);
+        model.setHeaders([labels](int row) { return labels.value(row, "x"); },
+                         [](int column) { return QString(QChar('A' + column)); });
+        fill();
+    }
+    void fill() { model.fill(values.rowPointers(), values.rows(), values.columns()); }
+
+    pelmora::Matrix values;
+    NumberTableModel model;
+    QTableView view;
+};
 
 } // namespace
 
-class tst_NumberTable : public QObject
+class TestNumberTable : public QObject
 {
     Q_OBJECT
 
@@ -40,129 +49,88 @@ private slots:
 
     void cellsKeepTheDecimalsOfTheFill()
     {
-        const pelmora::Matrix values = matrixOf({{0.125, -0.125, -0.001}, {NAN, -NAN, -infinity}});
-        NumberTableModel model;
-        const QAbstractItemModelTester tester(&model);
-        model.fill(values.rowPointers(), 2, 3);
+        Table table(matrixOf({{0.125, -0.125, -0.001}, {NAN, -NAN, -INFINITY}}));
+        const QAbstractItemModelTester tester(&table.model);
         m_settings.set("Precision", 5);
-
-        const QStringList expected = {"0.13", "-0.12", "0.00", "nan", "nan", "-inf"};
-        for (int i = 0; i < 6; ++i)
-            QCOMPARE(cell(model, i / 3, i % 3), expected[i]);
-        QCOMPARE(model.index(0, 0).data(Qt::TextAlignmentRole).toInt(),
-                 int(Qt::AlignRight | Qt::AlignVCenter));
-        QVERIFY(!model.index(0, 0).data(Qt::CheckStateRole).isValid());
-
-        model.fill(values.rowPointers(), 2, 3);
-        QCOMPARE(cell(model, 0, 0), "0.12500");
-        model.clear();
-        QCOMPARE(model.rowCount(), 0);
-    }
-
-    void headersAreNumbersUntilTextsAreSet()
-    {
-        const pelmora::Matrix values = matrixOf({{1, 2}, {3, 4}});
-        NumberTableModel model;
-        model.fill(values.rowPointers(), 2, 2);
-        model.setHeaders({}, [](int column) { return QStringLiteral("c%1").arg(column); });
-        QCOMPARE(model.headerData(1, Qt::Vertical, Qt::DisplayRole).toString(), "2");
-        QCOMPARE(model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "c1");
-        QVERIFY(!model.headerData(2, Qt::Horizontal, Qt::ToolTipRole).isValid());
+        QCOMPARE(shown(&table.view),
+                 QStringList({"|A|B|C", "x|0.13|-0.12|0.00", "x|nan|nan|-inf"}));
+        const QModelIndex first = table.model.index(0, 0);
+        QCOMPARE(first.data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight | Qt::AlignVCenter));
+        QVERIFY(!first.data(Qt::CheckStateRole).isValid());
+        QVERIFY(!table.model.headerData(0, Qt::Vertical, Qt::ToolTipRole).isValid());
+        table.fill();
+        table.model.setHeaders({}, {});
+        QCOMPARE(shown(&table.view).value(1), "1|0.12500|-0.12500|-0.00100");
+        table.model.clear();
+        QCOMPARE(shown(&table.view), QStringList(""));
     }
 
     void columnsAreAsWideAsAfterLookingAtEveryCell()
     {
+        m_settings.set("Precision", 1);
         constexpr int rows = 1500; // the view itself would stop at 1000
         constexpr int columns = 9;
         pelmora::Matrix values(rows, columns);
-        std::mt19937 random(7);
-        std::normal_distribution<double> normal;
+        // Numbers of every length and sign; the first columns hold one word each among zeros.
         for (int i = 0; i < rows; ++i)
             for (int j = 0; j < columns; ++j)
-                values[i][j] = normal(random) * std::pow(10.0, j - 3);
-        values[1400][0] = -12345678.9;
-        values[1400][1] = 99.999;
-        values[1400][2] = NAN;
-        values[1400][3] = infinity;
-        values[1400][4] = -infinity;
-        NumberTableModel model;
-        QTableView view;
-        view.setModel(&model);
-        model.setHeaders({}, [](int column) {
-            return column == 8 ? QStringLiteral("a header\nof two wide lines") : QString();
+                values[i][j] = j < 3 ? 0.0 : (i * 7919 % 2001 - 1000) * std::pow(10.0, j - 6);
+        const double special[] = {NAN, INFINITY, -INFINITY, -12345678.9, 99.99};
+        std::copy(std::begin(special), std::end(special), values[1400]);
+        Table table(std::move(values));
+        table.model.setHeaders({}, [](int column) {
+            return column == 8 ? QString("a header\nof two wide lines") : QString();
         });
-        model.fill(values.rowPointers(), rows, columns);
 
-        fitColumnWidths(&view, model);
-        QList<int> widths;
-        for (int j = 0; j < columns; ++j)
-            widths << view.columnWidth(j);
-
-        view.horizontalHeader()->setResizeContentsPrecision(-1);
-        view.resizeColumnsToContents();
-        for (int j = 0; j < columns; ++j)
-            QCOMPARE(widths[j], view.columnWidth(j));
+        const auto widths = [&view = table.view] {
+            QList<int> all;
+            for (int column = 0; column < columns; ++column)
+                all << view.columnWidth(column);
+            return all;
+        };
+        fitColumnWidths(&table.view, table.model);
+        const QList<int> fitted = widths();
+        table.view.horizontalHeader()->setResizeContentsPrecision(-1);
+        table.view.resizeColumnsToContents();
+        QCOMPARE(fitted, widths());
     }
 
     void rowsGrowForLabelsOfSeveralLines()
     {
-        const pelmora::Matrix values = matrixOf({{1}, {2}});
-        NumberTableModel model;
-        QTableView view;
-        view.setModel(&model);
-        model.fill(values.rowPointers(), 2, 1);
-        model.setHeaders([](int row) { return row == 0 ? "one" : "one\ntwo\nthree\nfour"; }, {});
-        const int ordinary = view.rowHeight(0);
-        fitRowHeights(&view);
-        QCOMPARE(view.rowHeight(0), ordinary);
-        QVERIFY(view.rowHeight(1) >= 4 * view.fontMetrics().height());
+        Table table(matrixOf({{1}, {2}}), {"one", "one\ntwo\nthree\nfour"});
+        const int ordinary = table.view.rowHeight(0);
+        fitRowHeights(&table.view);
+        QCOMPARE(table.view.rowHeight(0), ordinary);
+        QVERIFY(table.view.rowHeight(1) >= 4 * table.view.fontMetrics().height());
     }
 
     void copyTakesEverythingOrTheSelection()
     {
-        const pelmora::Matrix values = matrixOf({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}});
-        NumberTableModel model;
-        QTableView view;
-        view.setModel(&model);
-        model.fill(values.rowPointers(), 3, 3);
-        model.setHeaders([](int row) { return row == 1 ? "two\twords\nhere" : "x"; },
-                         [](int column) { return QString(QChar('A' + column)); });
-        QCOMPARE(tableText(view), "\tA\tB\tC\n"
-                                  "x\t1.00\t2.00\t3.00\n"
-                                  "two words here\t4.00\t5.00\t6.00\n"
-                                  "x\t7.00\t8.00\t9.00\n");
-
-        const auto select = [&](int row, int column) {
-            view.selectionModel()->select(model.index(row, column), QItemSelectionModel::Select);
-        };
-        select(0, 0);
-        select(2, 2);
-        QCOMPARE(tableText(view), "\tA\tC\nx\t1.00\t\nx\t\t9.00\n");
+        Table table(matrixOf({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}), {"x", "two\twords\nhere", "x"});
+        QCOMPARE(tableText(table.view), "\tA\tB\tC\n"
+                                        "x\t1.00\t2.00\t3.00\n"
+                                        "two words here\t4.00\t5.00\t6.00\n"
+                                        "x\t7.00\t8.00\t9.00\n");
+        for (int i : {0, 2})
+            table.view.selectionModel()->select(table.model.index(i, i),
+                                                QItemSelectionModel::Select);
+        QCOMPARE(tableText(table.view), "\tA\tC\nx\t1.00\t\nx\t\t9.00\n");
+        QVERIFY(tableText(QTableView()).isEmpty());
     }
 
     void copyIsReachedByKeyAndMenu()
     {
-        const pelmora::Matrix values = matrixOf({{1}});
-        NumberTableModel model;
-        QTableView view;
-        view.setModel(&model);
-        model.fill(values.rowPointers(), 1, 1);
-        installTableCopy(&view);
-        QCOMPARE(view.contextMenuPolicy(), Qt::ActionsContextMenu);
-        QCOMPARE(view.actions().value(0)->text(), "Copy");
-        view.show();
-        view.setFocus();
-        QVERIFY(QTest::qWaitForWindowActive(&view));
-        QTest::keyClick(&view, Qt::Key_Insert, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(), "\t1\n1\t1.00\n");
-    }
-
-    void copyWithoutModelIsEmpty()
-    {
-        const QTableView view;
-        QVERIFY(tableText(view).isEmpty());
+        Table table(matrixOf({{1}}));
+        installTableCopy(&table.view);
+        QCOMPARE(table.view.contextMenuPolicy(), Qt::ActionsContextMenu);
+        QCOMPARE(table.view.actions().value(0)->text(), "Copy");
+        table.view.show();
+        table.view.setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&table.view));
+        QTest::keyClick(&table.view, Qt::Key_Insert, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), "\tA\nx\t1.00\n");
     }
 };
 
-QTEST_MAIN(tst_NumberTable)
+QTEST_MAIN(TestNumberTable)
 #include "tst_numbertable.moc"

@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "input/asciidatareader.h"
+#include "support/dialogscript.h"
+#include "support/testsettings.h"
+#include "views/corrform.h"
+#include "views/dataform.h"
+#include "views/fakesession.h"
+#include "views/loadings.h"
+#include "views/widgets.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTest>
+
+#include <bit>
+#include <cfloat>
+#include <memory>
+#include <tuple>
+
+namespace {
+
+/// The pages of raw data, two cases of three variables, and of correlations.
+struct Pages : QWidget
+{
+    Pages()
+    {
+        session->data.setMatrix(matrixOf({{1, 2, 3.125}, {-5, 2, 1e3}}));
+        session->setVariableNames({"1", "B", "3"});
+        raw.fill(session->data);
+        matrix.setMatrix(matrixOf({{1, 0.35, 0}, {0.35, 1, 0.5}, {0, 0.5, 1}}));
+        matrix.setNames(session->data.names());
+        correlations.fill(matrix);
+        show();
+    }
+
+    QStringList table(const char* name) const { return shown(findChild<QTableView*>(name)); }
+    QStringList data() const { return table("tableData"); }
+    QStringList statistics() const { return table("tableStatistics"); }
+
+    std::unique_ptr<FakeSession> session = std::make_unique<FakeSession>();
+    CorrelationData matrix;
+    DataForm raw{session.get(), this};
+    CorrForm correlations{session.get(), this};
+};
+
+const QStringList dataAsRead = {"|1|B|3", "1|1.00|2.00|3.13", "2|-5.00|2.00|1000.00"};
+const QStringList statisticsAsRead = {"|Mean|Standard\ndeviation|Minimum|Maximum|Note",
+                                      "1|-2.00|3.00|-5.00|1.00|", "B|2.00|0.00|2.00|2.00|constant",
+                                      "3|501.56|498.44|3.13|1000.00|"};
+
+} // namespace
+
+class TestDataPages : public QObject
+{
+    Q_OBJECT
+
+private:
+    const QString m_locationKey = QStringLiteral("Export/LastCorrExportLocation");
+    TestSettings m_settings;
+    DialogScript m_dialogs;
+    QTemporaryDir m_folder;
+
+private slots:
+    void init()
+    {
+        m_settings.clear();
+        m_dialogs.takeRecord();
+        QTest::failOnWarning(QRegularExpression("No matching signal"));
+    }
+
+    void showWhatTheyAreFilledWith()
+    {
+        const Pages pages;
+        QCOMPARE(pages.data(), dataAsRead);
+        QCOMPARE(pages.statistics(), statisticsAsRead);
+        QCOMPARE(
+            pages.table("tableCorrelations"),
+            QStringList({"|1|B|3", "1|1.00|0.35|0.00", "B|0.35|1.00|0.50", "3|0.00|0.50|1.00"}));
+    }
+
+    void tellWhatHasNoCorrelations()
+    {
+        Pages pages;
+        const auto told = [&pages](pelmora::Matrix values) {
+            pages.session->data.setMatrix(std::move(values));
+            pages.session->data.setNames(VariableNames::fromTexts({"1", "B", "3", "4", "5", "6"}));
+            pages.raw.fill(pages.session->data);
+            const auto* label = pages.findChild<QLabel*>("labelNoCorrelations");
+            return label->isHidden() ? QString() : label->text();
+        };
+        const QString constant = "Constant variables, whose correlations cannot be formed: ";
+        QCOMPARE(told(matrixOf({{1, 1, 1, 1, 1, 1}})),
+                 "There are too few cases: correlations cannot be formed.");
+        QVERIFY(pages.statistics().last().endsWith("|too few cases"));
+        QCOMPARE(told(matrixOf({{1, 1, 1, 1, 1, 1}, {1, 1, 1, 1, 1, 1}})),
+                 constant + "1, B, 3, 4, 5, \u2026");
+        QCOMPARE(told(matrixOf({{1, 1, 1, 1, 1, 1}, {1, 1, 1, 1, 1, 2}})),
+                 constant + "1, B, 3, 4, 5");
+        QCOMPARE(told(matrixOf({{1, 1}, {2, 2}})), "");
+    }
+
+    void orientationTurnsNamesAndStatistics()
+    {
+        Pages pages;
+        click(pages.raw, "radioButtonRowWise");
+        QVERIFY(pages.session->rowWise);
+        QCOMPARE(pages.data(), QStringList({"|1|2|3", "1|1.00|2.00|3.13", "B|-5.00|2.00|1000.00"}));
+        QCOMPARE(pages.statistics().value(1), "1|2.04|0.87|1.00|3.13|");
+        click(pages.raw, "radioButtonColumnWise");
+        QCOMPARE(pages.data(), dataAsRead);
+        QCOMPARE(pages.statistics(), statisticsAsRead);
+
+        pages.session->refuses = true;
+        click(pages.raw, "radioButtonRowWise");
+        QVERIFY(pages.raw.findChild<QRadioButton*>("radioButtonColumnWise")->isChecked());
+        QCOMPARE(pages.data(), dataAsRead);
+    }
+
+    void editedNamesReachEveryPage()
+    {
+        Pages pages;
+        const std::pair<const QWidget&, bool> pageAndAccepted[] = {
+            {pages.raw, false}, {pages.raw, true}, {pages.correlations, true}};
+        for (const auto& [page, accepted] : pageAndAccepted) {
+            pages.session->setVariableNames({"1", "B", "3"});
+            m_dialogs.onDialog([result = int(accepted)](QDialog* dialog) {
+                const auto* names = dialog->findChild<QTableWidget*>();
+                QCOMPARE(shown(names), QStringList({"|Name of variable:", "1|1", "2|B", "3|3"}));
+                names->item(2, 0)->setText("\u00c5 \u0151");
+                dialog->done(result);
+            });
+            click(page, "pushButtonEditNames");
+            QCOMPARE(m_dialogs.takeRecord(), QStringList("Please enter names of variables"));
+            // What a file can hold is what is seen.
+            const QString name = accepted ? "\u00c5 ?" : "3";
+            QCOMPARE(pages.data().first(), "|1|B|" + name);
+            QCOMPARE(pages.statistics().last(), name + statisticsAsRead.last().mid(1));
+            QCOMPARE(pages.table("tableCorrelations").last(), name + "|0.00|0.50|1.00");
+        }
+    }
+
+    void savedDataReadBackExactly()
+    {
+        Pages pages;
+        const pelmora::Matrix values = matrixOf(
+            {{0.1, 1e-300, -0.0, 5e-324}, {1.0 / 3.0, 1e22, -123456789.987654321, -DBL_MAX}});
+        pages.session->data.setMatrix(values.clone());
+        pages.session->setVariableNames({"1", "B", "K\u00f6rper h\u00f6he", "4"});
+        pages.raw.fill(pages.session->data);
+        const QString path = m_folder.filePath("saved.dat");
+        m_dialogs.chooseFile(path);
+        click(pages.raw, "pushButtonSave");
+        AsciiDataReader reader(path, nullptr);
+        QVERIFY(reader.readFile() && reader.checkConsistency());
+        AsciiData back;
+        QVERIFY(back.allocate(2, 4) && reader.getData(back));
+        for (int i = 0; i < 2; ++i)
+            for (int j = 0; j < 4; ++j)
+                QCOMPARE(std::bit_cast<quint64>(back.matrix()[i][j]),
+                         std::bit_cast<quint64>(values[i][j]));
+        QCOMPARE(back.names().texts(), pages.session->variableNames());
+    }
+
+    void savedCorrelationsKeepTheirPlace()
+    {
+        const Pages pages;
+        const QString path = m_folder.filePath("saved.cor");
+        m_dialogs.chooseFile(path);
+        click(pages.correlations, "pushButtonSave");
+        QCOMPARE(contentsOf(path), "     1  0.35     0\n  0.35     1   0.5\n     0   0.5     1\n"
+                                   "vname\t1\t1\nvname\t2\tB\nvname\t3\t3\n");
+        QCOMPARE(m_settings.get(m_locationKey).toString(), path);
+    }
+
+    void savesThatFailAreTold()
+    {
+        const Pages pages;
+        const QString full = "Error while trying to save file|Cannot write to file!";
+        const QString stem = pages.session->outputStem();
+        // Without a path the dialog is cancelled.
+        const std::tuple<const QWidget*, QString, QString> pagePathAndLast[] = {
+            {&pages.raw, "/dev/full", full},
+            {&pages.raw, "/nowhere/a", "Error opening file|Cannot open file /nowhere/a"},
+            {&pages.raw, "", "Please select folder and filename to save values|" + stem + "|*.dat"},
+            {&pages.correlations, "/dev/full", full},
+            {&pages.correlations, "/nowhere/a", "Error|Cannot open file for writing."},
+            {&pages.correlations, "",
+             "Export correlation matrix|" + stem + "|Correlation Files (*.cor)"}};
+        for (const auto& [page, path, last] : pagePathAndLast) {
+            if (path.isEmpty())
+                m_dialogs.cancelFile();
+            else
+                m_dialogs.chooseFile(path);
+            click(*page, "pushButtonSave");
+            QCOMPARE(m_dialogs.takeRecord().last(), last);
+        }
+        QVERIFY(!m_settings.has(m_locationKey));
+    }
+
+    void outliveTheirSession()
+    {
+        Pages pages;
+        pages.session.reset();
+        pages.grab();
+        for (const char* name : {"tableData", "tableStatistics", "tableCorrelations"})
+            QCOMPARE(pages.table(name).size(), 1); // the column headers
+        QVERIFY(!pages.raw.isEnabled() && !pages.correlations.isEnabled());
+    }
+};
+
+QTEST_MAIN(TestDataPages)
+#include "tst_datapages.moc"
