@@ -127,14 +127,16 @@ private slots:
             {pages.raw, false}, {pages.raw, true}, {pages.correlations, true}};
         for (const auto& [page, accepted] : pageAndAccepted) {
             pages.session->setVariableNames({"1", "B", "3"});
-            m_dialogs.onDialog([result = int(accepted)](QDialog* dialog) {
+            QStringList asked;
+            m_dialogs.onDialog([&asked, result = int(accepted)](QDialog* dialog) {
                 const auto* names = dialog->findChild<QTableWidget*>();
-                QCOMPARE(shown(names), QStringList({"|Name of variable:", "1|1", "2|B", "3|3"}));
+                asked = shown(names);
                 names->item(2, 0)->setText("\u00c5 \u0151");
                 dialog->done(result);
             });
             click(page, "pushButtonEditNames");
             QCOMPARE(m_dialogs.takeRecord(), QStringList("Please enter names of variables"));
+            QCOMPARE(asked, QStringList({"|Name of variable:", "1|1", "2|B", "3|3"}));
             // What a file can hold is what is seen.
             const QString name = accepted ? "\u00c5 ?" : "3";
             QCOMPARE(pages.data().first(), "|1|B|" + name);
