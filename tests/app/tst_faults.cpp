@@ -103,8 +103,9 @@ void TestFaults::everyExportSurvivesABadPlace()
     openSession(file.path());
     m_dialogs.takeRecord();
     QVERIFY(buttons().size() >= 14);
-    // A full disk, a folder that is gone, a folder instead of a file.
-    for (const QString place : {"/dev/full", "/nowhere/at/all.txt", "/proc/self/fd"}) {
+    // A full disk, a folder that is gone, a folder instead of a file, a file that nobody can write.
+    for (const QString place :
+         {"/dev/full", "/nowhere/at/all.txt", "/proc/self/fd", "/proc/version"}) {
         for (auto* button : buttons()) {
             // Not typed into the dialog, which would enter a folder instead of taking it.
             m_dialogs.onDialog([&](QDialog* dialog) {

@@ -215,9 +215,11 @@ void TestMainWindow::helpIsShown()
     QVERIFY(box.endsWith("<p align=center><img "
                          "source=:/pelmora/resources/pelmora_icon3d_64x64.png></p>"));
     QVERIFY(!box.contains("%"));
-    // The guide is not installed beside a test.
+    // The guide may have been built beside the test.
     trigger("actionOnline_help");
-    QCOMPARE(m_dialogs.takeRecord(), QStringList("Error|Failed to open online help."));
+    QCOMPARE(m_dialogs.takeRecord(), m_opened.filter("pelmora-user-guide.pdf").isEmpty()
+                                         ? QStringList("Error|Failed to open online help.")
+                                         : QStringList());
 }
 
 void TestMainWindow::droppedFilesAreTakenAndLeftAlone()
