@@ -8,63 +8,71 @@
 #include "numerics/initialfactors.h"
 #include "numerics/jacobi.h"
 #include "numerics/owners.h"
-
-#include <QFile>
-#include <QStringList>
+#include "numerics/rotation.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <random>
+#include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
-/// What the tests of the numerics share.
+/// What the tests of the numerics share. Knows nothing of Qt, which bits.cpp is compiled without.
 namespace numericstest {
 
 using pelmora::Matrix;
 using pelmora::Vector;
 
+inline constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
 /// The same numbers on every machine.
 class Random
 {
 public:
-    explicit Random(unsigned seed) : m_state(seed * 0x9E3779B97F4A7C15ULL + 1) {}
+    explicit Random(unsigned seed) : m_generator(seed) {}
 
     /// Between -1 and 1.
-    double number() { return static_cast<double>(next() >> 11) * 0x1p-52 - 1.0; }
+    double number() { return static_cast<double>(m_generator() >> 11) * 0x1p-52 - 1.0; }
     int integer(int low, int high)
     {
-        return low + static_cast<int>(next() % unsigned(high - low + 1));
+        return low + static_cast<int>(m_generator() % unsigned(high - low + 1));
     }
 
 private:
-    unsigned long long next()
-    {
-        m_state += 0x9E3779B97F4A7C15ULL;
-        unsigned long long z = m_state;
-        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
-        z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
-        return z ^ (z >> 31);
-    }
-
-    unsigned long long m_state;
+    std::mt19937_64 m_generator;
 };
+
+/// All elements, row by row.
+inline auto elements(auto& matrix)
+{
+    return std::span(matrix[0], std::size_t(matrix.rows()) * std::size_t(matrix.columns()));
+}
 
 inline Matrix filled(int rows, int columns, double value)
 {
     Matrix result(rows, columns);
-    for (int i = 0; i < rows; ++i)
-        for (int j = 0; j < columns; ++j)
-            result[i][j] = value;
+    std::ranges::fill(elements(result), value);
     return result;
 }
 
 inline Matrix randomMatrix(int rows, int columns, Random& random)
 {
     Matrix result(rows, columns);
-    for (int i = 0; i < rows; ++i)
-        for (int j = 0; j < columns; ++j)
-            result[i][j] = random.number();
+    for (double& element : elements(result))
+        element = random.number();
+    return result;
+}
+
+inline Matrix fromRows(const std::vector<std::vector<double>>& rows)
+{
+    Matrix result(int(rows.size()), int(rows.front().size()));
+    for (int i = 0; i < result.rows(); ++i)
+        std::ranges::copy(rows[std::size_t(i)], result[i]);
     return result;
 }
 
@@ -73,39 +81,102 @@ inline Matrix survey(int cases, int variables, Random& random)
 {
     const int factors = random.integer(1, std::max(1, variables / 2));
     const Matrix weights = randomMatrix(variables, factors, random);
+    const Matrix persons = randomMatrix(cases, factors, random);
     Matrix result(cases, variables);
-    for (int i = 0; i < cases; ++i) {
-        const Matrix person = randomMatrix(1, factors, random);
+    for (int i = 0; i < cases; ++i)
         for (int j = 0; j < variables; ++j) {
-            double answer = random.number();
+            double answer = 3.0 + random.number();
             for (int k = 0; k < factors; ++k)
-                answer += weights[j][k] * person[0][k];
-            result[i][j] = std::round(std::fmin(5.0, std::fmax(1.0, 3.0 + answer)));
+                answer += weights[j][k] * persons[i][k];
+            result[i][j] = std::round(std::clamp(answer, 1.0, 5.0));
         }
-    }
     return result;
 }
 
-inline Matrix correlationsOf(Matrix data)
+/// Leaves standard scores in @p data.
+inline Matrix correlationsOf(Matrix& data, int flag = 0)
 {
-    const int p = data.columns();
-    return Matrix::adopt(pelmora::correlate(data.rowPointers(), data.rows(), p, 0), p, p);
+    const int p = flag == 1 ? data.rows() : data.columns();
+    return Matrix::adopt(pelmora::correlate(data.rowPointers(), data.rows(), data.columns(), flag),
+                         p, p);
 }
 
-/// All initial loadings and, behind them, the column of zeros that the rotation of all needs.
-inline Matrix initialLoadings(Matrix correlations, int* factorsAboveOne = nullptr)
+struct Decomposition
 {
-    const int p = correlations.rows();
-    Vector d(p);
-    Matrix v(p, p);
-    pelmora::jacobi(correlations.rowPointers(), p, d.data(), v.rowPointers());
-    pelmora::sort_eigenpairs(d.data(), v.rowPointers(), p);
-    Matrix loadings = filled(p, p + 1, 0.0);
-    pelmora::initial_loadings(d.data(), v.rowPointers(), p, p, loadings.rowPointers());
-    if (factorsAboveOne)
-        *factorsAboveOne =
-            static_cast<int>(std::count_if(d.begin(), d.end(), [](double x) { return x >= 1.0; }));
-    return loadings;
+    explicit Decomposition(Matrix given, decltype(pelmora::jacobi)& routine = pelmora::jacobi)
+        : a(std::move(given))
+        , d(a.rows())
+        , v(a.rows(), a.rows())
+        , rotations(routine(a.rowPointers(), a.rows(), d.data(), v.rowPointers()))
+    {
+    }
+
+    Matrix a;
+    Vector d;
+    Matrix v;
+    int rotations;
+};
+
+/// Sorted by their eigenvalues.
+struct Eigenpairs : Decomposition
+{
+    explicit Eigenpairs(Matrix correlations) : Decomposition(std::move(correlations))
+    {
+        pelmora::sort_eigenpairs(d.data(), v.rowPointers(), v.rows());
+    }
+
+    /// All of them and, behind, the column of zeros that the rotation of all needs.
+    Matrix initialLoadings() const
+    {
+        Matrix l = filled(v.rows(), v.rows() + 1, 0.0);
+        pelmora::initial_loadings(d.data(), v.rowPointers(), v.rows(), v.rows(), l.rowPointers());
+        return l;
+    }
+};
+
+/// Loadings on their way through a rotation, and a companion that begins as their first m columns:
+/// it must remain so.
+struct Rotation
+{
+    Rotation(const Matrix& loadings, int factors)
+        : l(loadings.clone())
+        , b(l.rows(), factors)
+        , m(factors)
+    {
+        for (int i = 0; i < l.rows(); ++i)
+            std::copy_n(l[i], m, b[i]);
+    }
+
+    void rotate(int method, decltype(pelmora::rotate)& routine = pelmora::rotate)
+    {
+        routine(l.rowPointers(), b.rowPointers(), m, l.rows(), method);
+    }
+
+    double sweep(int method, decltype(pelmora::rotation_sweep)& routine = pelmora::rotation_sweep)
+    {
+        return routine(l.rowPointers(), b.rowPointers(), m, l.rows(), method);
+    }
+
+    /// The criterion of the rotated columns.
+    double total() const
+    {
+        double sum = 0.0;
+        for (int j = 0; j < m; ++j)
+            sum += pelmora::column_criterion(l.rowPointers(), j, l.rows());
+        return sum;
+    }
+
+    Matrix l;
+    Matrix b;
+    int m;
+};
+
+inline Rotation rotated(const Matrix& loadings, int factors, int method,
+                        decltype(pelmora::rotate)& routine = pelmora::rotate)
+{
+    Rotation result(loadings, factors);
+    result.rotate(method, routine);
+    return result;
 }
 
 /// Equal to the bit, but one NaN is as good as another.
@@ -115,51 +186,27 @@ inline bool sameBits(double a, double b)
            (std::isnan(a) && std::isnan(b));
 }
 
-inline bool sameBits(const double* a, const double* b, int count)
+inline bool sameBits(std::span<const double> a, std::span<const double> b)
 {
-    for (int i = 0; i < count; ++i)
-        if (!sameBits(a[i], b[i]))
-            return false;
-    return true;
+    return std::ranges::equal(a, b, [](double x, double y) { return sameBits(x, y); });
 }
 
 inline bool sameBits(const Matrix& a, const Matrix& b)
 {
-    if (a.rows() != b.rows() || a.columns() != b.columns())
-        return false;
-    for (int i = 0; i < a.rows(); ++i)
-        if (!sameBits(a[i], b[i], a.columns()))
-            return false;
-    return true;
+    return a.rows() == b.rows() && a.columns() == b.columns() && sameBits(elements(a), elements(b));
 }
 
-inline bool allNan(const Matrix& a, int columns)
+inline bool sameBits(const Rotation& a, const Rotation& b)
 {
-    for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < columns; ++j)
-            if (!std::isnan(a[i][j]))
-                return false;
-    return true;
+    return sameBits(a.l, b.l) && sameBits(a.b, b.b);
 }
 
-/// The rows of numbers in a file, those with anything else left out.
-inline std::vector<std::vector<double>> numbersIn(const QString& path)
+/// With NaN throughout the first columns.
+inline Matrix withNan(const Matrix& matrix, int columns)
 {
-    QFile file(path);
-    std::vector<std::vector<double>> result;
-    if (!file.open(QIODevice::ReadOnly))
-        return result;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        std::vector<double> row;
-        bool numbersOnly = true;
-        for (const QByteArray& word : line.simplified().split(' ')) {
-            bool isNumber = false;
-            row.push_back(word.toDouble(&isNumber));
-            numbersOnly = numbersOnly && isNumber;
-        }
-        if (numbersOnly)
-            result.push_back(row);
-    }
+    Matrix result = matrix.clone();
+    for (int i = 0; i < result.rows(); ++i)
+        std::fill_n(result[i], columns, notANumber);
     return result;
 }
 
@@ -170,12 +217,11 @@ public:
     Reports()
     {
         texts.clear();
-        m_previous =
-            pelmora::setErrorReport([](const char* text) { texts += QLatin1String(text); });
+        m_previous = pelmora::setErrorReport([](const char* text) { texts.emplace_back(text); });
     }
     ~Reports() { pelmora::setErrorReport(m_previous); }
 
-    inline static QStringList texts;
+    inline static std::vector<std::string> texts;
 
 private:
     pelmora::ErrorReport m_previous;

@@ -1,39 +1,49 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "numerics/correlation.h"
-#include "numerics/jacobi.h"
-#include "numerics/memory.h"
-#include "numerics/rotation.h"
 #include "numericstest.h"
 
+#include <QScopeGuard>
 #include <QTest>
 
 #include <cstdlib>
 
 using namespace pelmora;
-using numericstest::allNan;
-using numericstest::Random;
-using numericstest::Reports;
-using numericstest::sameBits;
+using namespace numericstest;
 
 namespace {
+
+const std::vector<std::string> messages{"allocation failure in dvector()",
+                                        "allocation failure 1 in matrix()",
+                                        "allocation failure 2 in matrix()"};
 
 /// Counts down to the allocation that fails; negative: none does.
 int allocationsBeforeFailure = -1;
 
-/// While it lives, one allocation fails after some that succeed.
-struct FailureAfter
+template <typename Work>
+auto failingAfter(int successes, Work work)
 {
-    explicit FailureAfter(int successes) { allocationsBeforeFailure = successes; }
-    ~FailureAfter() { allocationsBeforeFailure = -1; }
-};
+    allocationsBeforeFailure = successes;
+    const auto end = qScopeGuard([] { allocationsBeforeFailure = -1; });
+    return work();
+}
 
-bool isAllocationMessage(const QString& text)
+/// Calls @p work again and again, each time with one more allocation that succeeds before one
+/// fails, until none fails. It calls a routine failingAfter() so many, and looks at what that
+/// leaves behind.
+template <typename Work>
+void failEveryAllocation(int atLeast, Work work)
 {
-    return text == QLatin1String("allocation failure in dvector()") ||
-           text == QLatin1String("allocation failure 1 in matrix()") ||
-           text == QLatin1String("allocation failure 2 in matrix()");
+    for (int successes = 0;; ++successes) {
+        const Reports reports;
+        work(successes);
+        if (Reports::texts.empty()) {
+            QVERIFY(successes >= atLeast);
+            return;
+        }
+        QCOMPARE(Reports::texts.size(), std::size_t(1));
+        QCOMPARE(std::ranges::count(messages, Reports::texts.front()), std::ptrdiff_t(1));
+    }
 }
 
 } // namespace
@@ -57,7 +67,6 @@ class TestAllocationFailure : public QObject
 private slots:
     void everyBlockHasItsMessage();
     void correlateReturnsNullAndLeavesTheData();
-    void jacobiLeavesNan_data();
     void jacobiLeavesNan();
     void rotationLeavesNan();
 };
@@ -65,107 +74,62 @@ private slots:
 void TestAllocationFailure::everyBlockHasItsMessage()
 {
     const Reports reports;
-    const auto matrixFailing = [](int successes) {
-        const FailureAfter failure(successes);
-        return Matrix(2, 2).isNull();
-    };
-    {
-        const FailureAfter failure(0);
-        QVERIFY(!dvector(0, 9));
-    }
-    QVERIFY(matrixFailing(0));
-    QVERIFY(matrixFailing(1));
-    QCOMPARE(Reports::texts,
-             QStringList({"allocation failure in dvector()", "allocation failure 1 in matrix()",
-                          "allocation failure 2 in matrix()"}));
+    QCOMPARE(failingAfter(0, [] { return Vector(9); }).size(), 0);
+    QCOMPARE(failingAfter(0, [] { return Matrix(2, 2); }).rows(), 0);
+    QCOMPARE(failingAfter(1, [] { return Matrix(2, 2); }).rows(), 0);
+    QCOMPARE(Reports::texts, messages);
 }
 
 void TestAllocationFailure::correlateReturnsNullAndLeavesTheData()
 {
     Random random(1);
-    const Matrix data = numericstest::randomMatrix(6, 4, random);
-    for (int successes = 0;; ++successes) {
-        const Reports reports;
+    const Matrix data = randomMatrix(6, 4, random);
+    failEveryAllocation(4, [&](int successes) {
         Matrix x = data.clone();
-        double** r = nullptr;
-        {
-            const FailureAfter failure(successes);
-            r = correlate(x.rowPointers(), 6, 4, 0);
-        }
-        if (r) {
-            free_matrix(r, 0, 0);
-            QVERIFY(successes >= 4);
-            return;
-        }
-        QCOMPARE(Reports::texts.size(), 1);
-        QVERIFY(isAllocationMessage(Reports::texts.first()));
-        QVERIFY(sameBits(x, data));
-    }
-}
-
-void TestAllocationFailure::jacobiLeavesNan_data()
-{
-    QTest::addColumn<int>("n");
-    QTest::newRow("few variables") << 5;
-    QTest::newRow("many variables") << 90;
+        const Matrix r = failingAfter(successes, [&] { return correlationsOf(x); });
+        QCOMPARE(r.isNull(), !Reports::texts.empty());
+        QCOMPARE(sameBits(x, data), r.isNull());
+    });
 }
 
 void TestAllocationFailure::jacobiLeavesNan()
 {
-    QFETCH(int, n);
-    Random random(2);
-    const Matrix given = numericstest::randomMatrix(n, n, random);
-    for (int successes = 0;; ++successes) {
-        const Reports reports;
-        Matrix a = given.clone();
-        Matrix values = numericstest::filled(1, n, 7.0);
-        Matrix v = numericstest::filled(n, n, 7.0);
-        int rotations = -1;
-        {
-            const FailureAfter failure(successes);
-            rotations = jacobi(a.rowPointers(), n, values[0], v.rowPointers());
-        }
-        if (Reports::texts.isEmpty()) {
-            QVERIFY(successes >= 4);
-            QVERIFY(rotations > 0);
-            return;
-        }
-        QCOMPARE(Reports::texts.size(), 1);
-        QVERIFY(isAllocationMessage(Reports::texts.first()));
-        QCOMPARE(rotations, 0);
-        QVERIFY(allNan(values, n) && allNan(v, n));
-        QVERIFY(sameBits(a, given));
+    for (int n : {5, 90}) { // both forms of a sweep
+        Random random(2);
+        const Matrix given = randomMatrix(n, n, random);
+        failEveryAllocation(4, [&](int successes) {
+            Matrix a = given.clone();
+            Matrix d = filled(1, n, 7.0);
+            Matrix v = filled(n, n, 7.0);
+            const int rotations = failingAfter(
+                successes, [&] { return jacobi(a.rowPointers(), n, d[0], v.rowPointers()); });
+            const bool failed = !Reports::texts.empty();
+            QCOMPARE(rotations == 0, failed);
+            QCOMPARE(sameBits(a, given), failed);
+            QCOMPARE(sameBits(d, withNan(d, n)) && sameBits(v, withNan(v, n)), failed);
+        });
     }
 }
 
 void TestAllocationFailure::rotationLeavesNan()
 {
     Random random(3);
-    const Matrix given = numericstest::randomMatrix(9, 4, random);
-    for (int successes = 0;; ++successes) {
-        const Reports reports;
-        Matrix l = given.clone();
-        Matrix b = given.clone();
-        {
-            const FailureAfter failure(successes);
-            pelmora::rotate(l.rowPointers(), b.rowPointers(), 3, 9, VarimaxRotation);
-        }
-        if (Reports::texts.isEmpty()) {
-            QVERIFY(successes >= 2);
-            QVERIFY(!allNan(l, 3));
-            return;
-        }
-        QCOMPARE(Reports::texts.size(), 1);
-        QVERIFY(isAllocationMessage(Reports::texts.first()));
-        QVERIFY(allNan(l, 3) && allNan(b, 3));
-        QCOMPARE(l[0][3], given[0][3]);
-
-        Matrix swept = given.clone();
-        const FailureAfter failure(successes);
-        QVERIFY(std::isnan(
-            rotation_sweep(swept.rowPointers(), b.rowPointers(), 3, 9, PelmoraRotation)));
-        QVERIFY(allNan(swept, 3));
-    }
+    const Matrix given = randomMatrix(9, 4, random);
+    const auto isNan = [&](const Rotation& r) {
+        return sameBits(r.l, withNan(given, 3)) && sameBits(r.b, withNan(r.b, 3));
+    };
+    failEveryAllocation(2, [&](int successes) {
+        Rotation whole(given, 3);
+        failingAfter(successes, [&] { whole.rotate(VarimaxRotation); });
+        QCOMPARE(isNan(whole), !Reports::texts.empty());
+    });
+    failEveryAllocation(2, [&](int successes) {
+        Rotation swept(given, 3);
+        const double criterion =
+            failingAfter(successes, [&] { return swept.sweep(PelmoraRotation); });
+        QCOMPARE(isNan(swept), !Reports::texts.empty());
+        QCOMPARE(std::isnan(criterion), !Reports::texts.empty());
+    });
 }
 
 QTEST_GUILESS_MAIN(TestAllocationFailure)
