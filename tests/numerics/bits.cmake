@@ -4,7 +4,8 @@
 include(${PROJECT_SOURCE_DIR}/src/numerics/kernelflags.cmake)
 get_target_property(kernels pelmora_numerics SOURCES)
 list(TRANSFORM kernels PREPEND ${PROJECT_SOURCE_DIR}/src/numerics/)
-file(GLOB kernel_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/numerics/*.h)
+file(GLOB bits_headers CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/src/numerics/*.h ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
 set(bits_sources ${CMAKE_CURRENT_SOURCE_DIR}/bits.cpp ${kernels})
 set(bits_programs)
 
@@ -24,7 +25,7 @@ function(pelmora_add_foreign_bits name)
     add_custom_command(OUTPUT ${name}
         COMMAND ${PELMORA_OTHER_COMPILER} -std=c++20 -ffp-contract=off -Wno-psabi ${ARGN}
             -I ${PROJECT_SOURCE_DIR}/src ${bits_sources} -o ${name}
-        DEPENDS ${bits_sources} ${kernel_headers}
+        DEPENDS ${bits_sources} ${bits_headers}
         COMMENT "Building ${name} by another compiler"
         VERBATIM)
     add_custom_target(${name}_program ALL DEPENDS ${name})

@@ -4,40 +4,25 @@
 // Prints a hash of what every kernel makes of the same input. However this is compiled, the lines
 // must be the same: so must then be every bit of every result.
 
-#include "numerics/correlation.h"
-#include "numerics/initialfactors.h"
-#include "numerics/jacobi.h"
-#include "numerics/owners.h"
 #include "numerics/product.h"
-#include "numerics/rotation.h"
+#include "numericstest.h"
 
-#include <cmath>
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <random>
 
 using namespace pelmora;
+using namespace numericstest;
 
 namespace {
 
-class Hash
+struct Hash
 {
-public:
-    void add(double value)
+    void add(std::span<const double> values)
     {
-        std::uint64_t bits = 1; // for NaN, whichever it is
-        if (!std::isnan(value))
-            std::memcpy(&bits, &value, sizeof bits);
-        m_value = (m_value ^ bits) * 0x100000001B3ULL;
-        m_value ^= m_value >> 29;
-    }
-
-    void add(const Matrix& matrix)
-    {
-        for (int i = 0; i < matrix.rows(); ++i)
-            for (int j = 0; j < matrix.columns(); ++j)
-                add(matrix[i][j]);
+        for (double x : values) {
+            m_value ^= std::isnan(x) ? 1 : std::bit_cast<std::uint64_t>(x); // whichever NaN it is
+            m_value *= 0x100000001B3ULL;
+            m_value ^= m_value >> 29;
+        }
     }
 
     void print(const char* kernel) const
@@ -49,15 +34,6 @@ private:
     std::uint64_t m_value = 0xCBF29CE484222325ULL;
 };
 
-Matrix randomMatrix(int rows, int columns, std::mt19937_64& generator)
-{
-    Matrix result(rows, columns);
-    for (int i = 0; i < rows; ++i)
-        for (int j = 0; j < columns; ++j)
-            result[i][j] = static_cast<double>(generator() >> 11) * 0x1p-52 - 1.0;
-    return result;
-}
-
 struct Hashes
 {
     Hash correlate;
@@ -66,44 +42,29 @@ struct Hashes
     Hash multiply;
 };
 
-void rotateBothWays(const Matrix& v, const Vector& d, int m, Hashes& hashes)
-{
-    const int p = v.rows();
-    for (int method : {PelmoraRotation, VarimaxRotation}) {
-        Matrix l(p, m + 1);
-        Matrix b(p, m);
-        initial_loadings(d.data(), v.rowPointers(), p, m + 1, l.rowPointers());
-        score_coefficients(d.data(), v.rowPointers(), p, m, b.rowPointers());
-        pelmora::rotate(l.rowPointers(), b.rowPointers(), m, p, method);
-        hashes.rotate.add(l);
-        hashes.rotate.add(b);
-    }
-}
-
 void analyse(int cases, int variables, int factors, int flag, Hashes& hashes)
 {
-    std::mt19937_64 generator{std::uint64_t(cases * 1000 + variables)};
-    Matrix x = flag == 1 ? randomMatrix(variables, cases, generator)
-                         : randomMatrix(cases, variables, generator);
-    Matrix r = Matrix::adopt(correlate(x.rowPointers(), x.rows(), x.columns(), flag), variables,
-                             variables);
-    hashes.correlate.add(r);
-    hashes.correlate.add(x);
+    Random random{unsigned(cases * 1000 + variables)};
+    Matrix x =
+        flag == 1 ? randomMatrix(variables, cases, random) : randomMatrix(cases, variables, random);
+    Matrix r = correlationsOf(x, flag);
+    hashes.correlate.add(elements(r));
+    hashes.correlate.add(elements(x));
 
-    Vector d(variables);
-    Matrix v(variables, variables);
-    hashes.jacobi.add(jacobi(r.rowPointers(), variables, d.data(), v.rowPointers()));
-    for (double value : d)
-        hashes.jacobi.add(value);
-    hashes.jacobi.add(v);
+    const Eigenpairs pairs(std::move(r));
+    hashes.jacobi.add(pairs.d);
+    hashes.jacobi.add(elements(pairs.v));
 
-    sort_eigenpairs(d.data(), v.rowPointers(), variables);
-    rotateBothWays(v, d, factors, hashes);
+    for (int method : {PelmoraRotation, VarimaxRotation}) {
+        const Rotation rotation = rotated(pairs.initialLoadings(), factors, method);
+        hashes.rotate.add(elements(rotation.l));
+        hashes.rotate.add(elements(rotation.b));
+    }
 
     Matrix scores(cases, variables);
-    multiply(scores.rowPointers(), x.rowPointers(), flag, v.rowPointers(), x.rows(), x.columns(),
-             variables);
-    hashes.multiply.add(scores);
+    multiply(scores.rowPointers(), x.rowPointers(), flag, pairs.v.rowPointers(), x.rows(),
+             x.columns(), variables);
+    hashes.multiply.add(elements(scores));
 }
 
 } // namespace
