@@ -63,7 +63,7 @@ void Tally::add(const Tally& other)
 void Tally::writeHeader(std::ostream& out)
 {
     out << "| kind | data sets | rotations | endless: Varimax | Pelmora | of these improved "
-           "| longest that ended | ended early | slowest |\n"
+           "| longest that ended | out of place | slowest |\n"
            "|---|--:|--:|--:|--:|--:|--:|--:|--:|\n";
 }
 
