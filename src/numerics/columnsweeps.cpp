@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// How the sweeps use the loops of rotationkernels.cpp. The pairs keep the order of
-// the plain loops, but for one liberty that no bit can tell: pair (j + 1, k - 1) touches nothing
-// that pair (j, k) does, so the plain sweep takes two factors j and j + 1 against the others at
-// once, the second one column behind the first.
+// How the sweeps use the loops of rotationkernels.cpp. The pairs keep the order of the plain loops,
+// but for one liberty that no bit can tell: pair (j + 1, k - 1) touches nothing that pair (j, k)
+// does, so the plain sweep takes two factors j and j + 1 against the others at once, the second one
+// column behind the first.
 
 #include "numerics/columnsweeps.h"
 
