@@ -77,8 +77,3 @@ unsigned NumberTableModel::decimals() const
 {
     return m_decimals;
 }
-
-double NumberTableModel::value(int row, int column) const
-{
-    return m_values[row][column];
-}

@@ -38,7 +38,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
     unsigned decimals() const;
-    double value(int row, int column) const;
+    double value(int row, int column) const { return m_values[row][column]; }
 
 private:
     const double* const* m_values = nullptr;

@@ -46,16 +46,32 @@ inline void addDeviation(double value, double mean, double& square)
     square += (value - mean) * (value - mean);
 }
 
-void addCase(const double* values, int variables, double* totals, double* minima, double* maxima)
+/// Some cases at a time, so that what is gathered is fetched and put back once for all of them.
+template <int cases>
+void addCases(const double* const* values, int variables, double* totals, double* minima,
+              double* maxima)
 {
-    for (int i = 0; i < variables; ++i)
-        addValue(values[i], totals[i], minima[i], maxima[i]);
+    for (int i = 0; i < variables; ++i) {
+        double total = totals[i];
+        double minimum = minima[i];
+        double maximum = maxima[i];
+        for (int c = 0; c < cases; ++c)
+            addValue(values[c][i], total, minimum, maximum);
+        totals[i] = total;
+        minima[i] = minimum;
+        maxima[i] = maximum;
+    }
 }
 
-void addCaseDeviations(const double* values, int variables, const double* means, double* squares)
+template <int cases>
+void addDeviations(const double* const* values, int variables, const double* means, double* squares)
 {
-    for (int i = 0; i < variables; ++i)
-        addDeviation(values[i], means[i], squares[i]);
+    for (int i = 0; i < variables; ++i) {
+        double square = squares[i];
+        for (int c = 0; c < cases; ++c)
+            addDeviation(values[c][i], means[i], square);
+        squares[i] = square;
+    }
 }
 
 void finishMeans(Sums& sums, int cases)
@@ -70,11 +86,17 @@ void finishMeans(Sums& sums, int cases)
 Sums gatherColumns(const double* const* values, int rows, int columns)
 {
     Sums sums(columns);
-    for (int row = 0; row < rows; ++row)
-        addCase(values[row], columns, sums.totals.data(), sums.minima.data(), sums.maxima.data());
+    double* totals = sums.totals.data();
+    const int whole = rows / 4 * 4;
+    for (int row = 0; row < whole; row += 4)
+        addCases<4>(values + row, columns, totals, sums.minima.data(), sums.maxima.data());
+    for (int row = whole; row < rows; ++row)
+        addCases<1>(values + row, columns, totals, sums.minima.data(), sums.maxima.data());
     finishMeans(sums, rows);
-    for (int row = 0; row < rows; ++row)
-        addCaseDeviations(values[row], columns, sums.totals.data(), sums.squares.data());
+    for (int row = 0; row < whole; row += 4)
+        addDeviations<4>(values + row, columns, totals, sums.squares.data());
+    for (int row = whole; row < rows; ++row)
+        addDeviations<1>(values + row, columns, totals, sums.squares.data());
     return sums;
 }
 

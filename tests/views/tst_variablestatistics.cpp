@@ -15,14 +15,18 @@ class TestVariableStatistics : public QObject
 private slots:
     void describesVariablesInColumnsAndRows()
     {
-        const auto inColumns = matrixOf({{1e9 + 1, 0.1, -2}, {1e9 + 2, 0.1, 4}, {1e9 + 3, 0.1, 1}});
-        const auto inRows = matrixOf({{1e9 + 1, 1e9 + 2, 1e9 + 3}, {0.1, 0.1, 0.1}, {-2, 4, 1}});
-        const pelmora::VariableStatistics expected[] = {
-            {3, 1e9 + 2, std::sqrt(2.0 / 3.0), 1e9 + 1, 1e9 + 3},
-            {3, 0.1, 0, 0.1, 0.1},
-            {3, 1, std::sqrt(6.0), -2, 4}};
-        for (const auto& all : {pelmora::variableStatistics(inColumns.rowPointers(), 3, 3, false),
-                                pelmora::variableStatistics(inRows.rowPointers(), 3, 3, true)}) {
+        const auto inRows = matrixOf({{1e9 + 1, 1e9 + 2, 1e9 + 3, 1e9 + 4, 1e9 + 5, 1e9, 1e9 + 6},
+                                      {0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1},
+                                      {-2, 4, 1, -2, 4, 1, 1}});
+        pelmora::Matrix inColumns(7, 3);
+        for (int i = 0; i < 7; ++i)
+            for (int j = 0; j < 3; ++j)
+                inColumns[i][j] = inRows[j][i];
+        const pelmora::VariableStatistics expected[] = {{7, 1e9 + 3, 2, 1e9, 1e9 + 6},
+                                                        {7, 0.1, 0, 0.1, 0.1},
+                                                        {7, 1, std::sqrt(36.0 / 7.0), -2, 4}};
+        for (const auto& all : {pelmora::variableStatistics(inColumns.rowPointers(), 7, 3, false),
+                                pelmora::variableStatistics(inRows.rowPointers(), 3, 7, true)}) {
             QCOMPARE(all.size(), 3U);
             for (std::size_t i = 0; i < 3; ++i) {
                 QVERIFY(all[i].mean == expected[i].mean); // to the last bit
@@ -33,10 +37,10 @@ private slots:
                 QVERIFY(!all[i].hasTooFewCases());
             }
         }
-        const auto oneCase = pelmora::variableStatistics(inRows.rowPointers(), 1, 3, false);
+        const auto oneCase = pelmora::variableStatistics(inColumns.rowPointers(), 1, 3, false);
         QCOMPARE(oneCase.size(), 3U);
         QVERIFY(oneCase[0].hasTooFewCases() && oneCase[0].isConstant());
-        QCOMPARE(oneCase[2].mean, 1e9 + 3);
+        QCOMPARE(oneCase[2].mean, -2.0);
     }
 };
 
