@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "numericstest.h"
+#include "support/referencefile.h"
 
-#include <QFile>
 #include <QTest>
 
 #include <functional>
@@ -12,35 +12,6 @@ using namespace pelmora;
 using namespace numericstest;
 
 namespace {
-
-/// The rows of numbers in a file, those with anything else left out; short ones end in zeros.
-Matrix numbersIn(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("Cannot open %s", qPrintable(path));
-    std::vector<std::vector<double>> rows;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        std::vector<double> row;
-        bool isNumber = false;
-        for (const QByteArray& word : line.simplified().split(' ')) {
-            row.push_back(word.toDouble(&isNumber));
-            if (!isNumber)
-                break;
-        }
-        if (isNumber)
-            rows.push_back(row);
-    }
-    for (std::vector<double>& row : rows)
-        row.resize(rows.back().size());
-    return fromRows(rows);
-}
-
-/// What R makes of a sample; make_references.R beside the files says how.
-Matrix reference(const QString& name)
-{
-    return numbersIn(PELMORA_SOURCE_DIR "/tests/data/" + name + ".txt");
-}
 
 Matrix harmanCorrelations()
 {
@@ -64,29 +35,6 @@ Matrix sumsOfSquares(const Matrix& l, int columns)
         for (int j = 0; j < columns; ++j)
             sums[j][0] += l[i][j] * l[i][j];
     return sums;
-}
-
-/// Between the columns of @p expected and those of l that come nearest to them, reflected or not:
-/// neither the order of rotated factors nor the sign of any factor is determined.
-double largestDifference(const Matrix& l, const Matrix& expected)
-{
-    if (l.rows() != expected.rows())
-        return HUGE_VAL;
-    double largest = 0.0;
-    for (int k = 0; k < expected.columns(); ++k) {
-        double nearest = HUGE_VAL;
-        for (int j = 0; j < l.columns(); ++j) {
-            double same = 0.0;
-            double reflected = 0.0;
-            for (int i = 0; i < l.rows(); ++i) {
-                same = std::max(same, std::fabs(l[i][j] - expected[i][k]));
-                reflected = std::max(reflected, std::fabs(l[i][j] + expected[i][k]));
-            }
-            nearest = std::min({nearest, same, reflected});
-        }
-        largest = std::max(largest, nearest);
-    }
-    return largest;
 }
 
 } // namespace

@@ -3,25 +3,66 @@
 
 #pragma once
 
+#include "numerics/owners.h"
+
 #include <QFile>
 #include <QString>
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
-/// The rows of numbers of a frozen reference in tests/data; lines that begin with "#" are skipped.
-inline std::vector<std::vector<double>> readReference(const QString& name)
+/// The rows of numbers in a file, those with anything else left out; short ones end in zeros.
+inline pelmora::Matrix numbersIn(const QString& path)
 {
-    QFile file(QStringLiteral(PELMORA_SOURCE_DIR "/tests/data/") + name);
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("Cannot read the reference %s", qPrintable(name));
+        qFatal("Cannot open %s", qPrintable(path));
     std::vector<std::vector<double>> rows;
-    while (!file.atEnd()) {
-        const QByteArray line = file.readLine().simplified();
-        if (line.isEmpty() || line.startsWith('#'))
-            continue;
-        auto& row = rows.emplace_back();
-        for (const QByteArray& entry : line.split(' '))
-            row.push_back(entry.toDouble());
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        std::vector<double> row;
+        bool isNumber = false;
+        for (const QByteArray& word : line.simplified().split(' ')) {
+            row.push_back(word.toDouble(&isNumber));
+            if (!isNumber)
+                break;
+        }
+        if (isNumber)
+            rows.push_back(row);
     }
-    return rows;
+    pelmora::Matrix result(int(rows.size()), int(rows.back().size()));
+    for (int i = 0; i < result.rows(); ++i) {
+        rows[std::size_t(i)].resize(rows.back().size());
+        std::copy(rows[std::size_t(i)].begin(), rows[std::size_t(i)].end(), result[i]);
+    }
+    return result;
+}
+
+/// What R makes of a sample; make_references.R beside the files says how.
+inline pelmora::Matrix reference(const QString& name)
+{
+    return numbersIn(PELMORA_SOURCE_DIR "/tests/data/" + name + ".txt");
+}
+
+/// Between the columns of @p expected and those of l that come nearest to them, reflected or not:
+/// neither the order of rotated factors nor the sign of any factor is determined.
+inline double largestDifference(const pelmora::Matrix& l, const pelmora::Matrix& expected)
+{
+    if (l.rows() != expected.rows())
+        return HUGE_VAL;
+    double largest = 0.0;
+    for (int k = 0; k < expected.columns(); ++k) {
+        double nearest = HUGE_VAL;
+        for (int j = 0; j < l.columns(); ++j) {
+            double same = 0.0;
+            double reflected = 0.0;
+            for (int i = 0; i < l.rows(); ++i) {
+                same = std::max(same, std::fabs(l[i][j] - expected[i][k]));
+                reflected = std::max(reflected, std::fabs(l[i][j] + expected[i][k]));
+            }
+            nearest = std::min({nearest, same, reflected});
+        }
+        largest = std::max(largest, nearest);
+    }
+    return largest;
 }
