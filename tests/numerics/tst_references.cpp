@@ -6,8 +6,6 @@
 
 #include <QTest>
 
-#include <functional>
-
 using namespace pelmora;
 using namespace numericstest;
 
