@@ -61,6 +61,8 @@ private slots:
                  QStringList({"First minimal pair\nvar. Weight\nvar. %1 of all",
                               "Second minimal pair\nvar. %1 of all\nvar. <b>Height</b>",
                               "Third minimal pair\nvar. Weight\nvar. <b>Height</b>"}));
+        // With a buddy an ampersand in a name would mark a shortcut.
+        QVERIFY(!page.findChild<QLabel*>("labelPair")->buddy());
         QCOMPARE(page.labels("labelDifference"),
                  QStringList({"difference: 1.22", "difference: 1.19", "difference: -0.09"}));
         QCOMPARE(page.labels("labelCaption").first(),

@@ -68,6 +68,7 @@ void TestNumberText::precisionIsReadAfresh_data()
     QTest::newRow("five") << QVariant(5) << 5U;
     QTest::newRow("too large") << QVariant(12) << 9U;
     QTest::newRow("negative") << QVariant(-1) << 9U;
+    QTest::newRow("too large for an int") << QVariant(QStringLiteral("4294967298")) << 9U;
     QTest::newRow("no number") << QVariant(QStringLiteral("12abc")) << 0U;
 }
 
