@@ -4,9 +4,9 @@
 // The whole road, from a raw data file to three kinds of factors with their scores, as a session
 // goes it and in the plain forms. The number of factors is the one that the program proposes.
 
-#include "app/factoranalysis.h"
 #include "input/asciidata.h"
 #include "input/asciidatareader.h"
+#include "numerics/factoranalysis.h"
 #include "numerics/initialfactors.h"
 #include "numerics/jacobi.h"
 #include "numerics/owners.h"
@@ -72,12 +72,12 @@ double fastRoad(const QString& path)
     if (!reader.readFile() || !reader.checkConsistency() ||
         !data.allocate(reader.lineCount(), reader.columnCount()) || !reader.getData(data))
         throw std::runtime_error("cannot read the sample file");
-    const auto correlations = factoranalysis::correlations(data.matrix(), false);
-    const auto decomposition = factoranalysis::decompose(correlations.matrix);
+    const auto correlations = pelmora::formCorrelations(data.matrix(), false);
+    const auto decomposition = pelmora::decompose(correlations.matrix);
     double sum = 0.0;
     for (const int method : methods) {
         const auto factors =
-            factoranalysis::factors(decomposition, proposedFactors(decomposition.eigenvalues),
+            pelmora::extractFactors(decomposition, proposedFactors(decomposition.eigenvalues),
                                     method, correlations.standardised, false);
         sum += factors.loadings[0][0] + factors.scores[0][0];
     }

@@ -3,9 +3,9 @@
 
 #include "plain/numerics.h"
 
+#include "numerics/kernels/rotationdriver.h"
 #include "numerics/owners.h"
 #include "numerics/rotation.h"
-#include "numerics/rotationdriver.h"
 
 #include <cmath>
 #include <cstdint>

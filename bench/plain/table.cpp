@@ -3,7 +3,7 @@
 
 #include "plain/table.h"
 
-#include "settings/numbertext.h"
+#include "output/numbertext.h"
 #include "settings/settings.h"
 
 #include <QTableWidget>

@@ -3,6 +3,7 @@
 
 #include "app/errorbox.h"
 
+#include "input/readerreport.h"
 #include "numerics/errorreport.h"
 
 #include <QCoreApplication>
@@ -23,9 +24,20 @@ void showError(const char* text)
                          QCoreApplication::translate("Numerics", text), QMessageBox::Ok);
 }
 
+/// Without rich text: a file's text is shown as it stands.
+void showReaderMessage(const ReaderMessage& message)
+{
+    const bool warning = message.severity == ReaderMessage::Severity::Warning;
+    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, message.title,
+                    message.text, QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
 } // namespace
 
 void installErrorBox()
 {
     pelmora::setErrorReport(showError);
+    setReaderReport(showReaderMessage);
 }

@@ -3,5 +3,5 @@
 
 #pragma once
 
-/// Lets the numerical core report its faults in a modal warning box.
+/// Lets the numerical core and the readers report their faults in modal boxes without a parent.
 void installErrorBox();

@@ -3,9 +3,10 @@
 
 #include "app/pcaform.h"
 
-#include "app/pcaexport.h"
 #include "app/pelmorasession.h"
 #include "numerics/initialfactors.h"
+#include "output/eigentext.h"
+#include "settings/settings.h"
 #include "ui_pcaform.h"
 #include "views/fileexport.h"
 #include "views/nameheaders.h"
@@ -133,21 +134,23 @@ void PCAForm::on_processButton_clicked()
 void PCAForm::on_pushButtonExportEigenwerte_clicked()
 {
     save(QStringLiteral("*.eig"), [this](std::ostream& out) {
-        pcaexport::writeEigenvalues(out, m_session->decomposition().eigenvalues);
+        writeEigenvalues(out, m_session->decomposition().eigenvalues, settings::precision());
     });
 }
 
 void PCAForm::on_pushButtonExportEigenvektoren_clicked()
 {
     save(QStringLiteral("*.vec"), [this](std::ostream& out) {
-        pcaexport::writeFactorMatrix(out, m_session->decomposition().eigenvectors, m_names);
+        writeFactorMatrix(out, m_session->decomposition().eigenvectors,
+                          VariableNames::fromTexts(m_names), settings::precision());
     });
 }
 
 void PCAForm::on_pushButton_clicked()
 {
     save(QStringLiteral("*.ini"), [this](std::ostream& out) {
-        pcaexport::writeFactorMatrix(out, m_session->decomposition().initialLoadings, m_names);
+        writeFactorMatrix(out, m_session->decomposition().initialLoadings,
+                          VariableNames::fromTexts(m_names), settings::precision());
     });
 }
 

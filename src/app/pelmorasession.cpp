@@ -139,7 +139,7 @@ bool PelmoraSession::createDataPage()
 
 bool PelmoraSession::createCorrelationPageFromData()
 {
-    auto computed = factoranalysis::correlations(m_data.matrix(), m_rowWise);
+    auto computed = pelmora::formCorrelations(m_data.matrix(), m_rowWise);
     if (computed.isNull())
         return false;
     const int place = removePage(m_correlationPage);
@@ -167,7 +167,7 @@ bool PelmoraSession::showCorrelations(int place)
 void PelmoraSession::createPcaPage()
 {
     const int place = removePage(m_pcaPage);
-    m_decomposition = factoranalysis::decompose(m_correlations.matrix());
+    m_decomposition = pelmora::decompose(m_correlations.matrix());
     if (!m_pages || m_decomposition.isNull())
         return;
     qDebug("Used %d jacobi rotations.... ", m_decomposition.rotations);
@@ -203,7 +203,7 @@ void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
 
 void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage& page)
 {
-    auto factors = factoranalysis::factors(m_decomposition, numberOfFactors, page.method,
+    auto factors = pelmora::extractFactors(m_decomposition, numberOfFactors, page.method,
                                            m_standardised, m_rowWise);
     if (!m_pages || factors.isNull())
         return;

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "app/factoranalysis.h"
 #include "input/correlationdata.h"
+#include "numerics/factoranalysis.h"
 #include "views/sessionface.h"
 
 #include <QPointer>
@@ -55,7 +55,7 @@ public:
     void createRotationPages(int numberOfFactors, unsigned kinds);
 
     /// What the "PCA" page shows and writes.
-    const factoranalysis::Decomposition& decomposition() const { return m_decomposition; }
+    const pelmora::Decomposition& decomposition() const { return m_decomposition; }
 
     QString outputStem() const override;
     QVector<QString> variableNames() const override;
@@ -86,7 +86,7 @@ private:
     QPointer<CorrForm> m_correlationPage;
     QString m_correlationFile;
     QPointer<PCAForm> m_pcaPage;
-    factoranalysis::Decomposition m_decomposition;
+    pelmora::Decomposition m_decomposition;
 
     /// z-scores of the raw data, in the raw data's own shape. The data themselves stay as read, so
     /// that every change of orientation starts from the same values.

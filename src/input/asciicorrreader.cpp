@@ -5,8 +5,8 @@
 
 #include "input/asciidata.h"
 #include "input/linetext.h"
-#include "input/numberparser.h"
 #include "input/readerreport.h"
+#include "input/scan/numberparser.h"
 #include "input/triangle.h"
 
 #include <algorithm>
@@ -149,8 +149,8 @@ bool AsciiCorrReader::complete()
 {
     const int shape = identifyType();
     if (shape == Unidentified) {
-        showReaderReport(QMessageBox::Warning, tr("Error"),
-                         tr("Unable to identify type of correlation matrix"));
+        reportReaderMessage({ReaderMessage::Severity::Warning, tr("Error"),
+                             tr("Unable to identify type of correlation matrix")});
         return false;
     }
     setDataLines(completed(dataLines(), shape));
@@ -163,8 +163,9 @@ int AsciiCorrReader::identifyType()
     for (const QString& line : dataLines()) {
         const auto outline = outlineOf(line);
         if (!outline) {
-            showReaderReport(QMessageBox::Warning, tr("Error while reading correlation matrix"),
-                             tr("Some entries seems to be not a number."));
+            reportReaderMessage({ReaderMessage::Severity::Warning,
+                                 tr("Error while reading correlation matrix"),
+                                 tr("Some entries seems to be not a number.")});
             return Unidentified;
         }
         outlines.push_back(*outline);

@@ -4,7 +4,6 @@
 #include "input/asciidata.h"
 
 #include <climits>
-#include <ostream>
 #include <utility>
 
 AsciiData::AsciiData(QObject* parent) : QObject(parent) {}
@@ -57,10 +56,4 @@ void AsciiData::writeNames(std::ostream& out) const
 void AsciiData::setNames(VariableNames names)
 {
     m_names = std::move(names);
-}
-
-void writeNameHeader(std::ostream& out, const VariableNames& names)
-{
-    for (std::size_t i = 0; i < names.size(); ++i)
-        out << "vname\t" + std::to_string(i + 1) + '\t' + names[i] + '\n';
 }

@@ -56,7 +56,3 @@ private:
     VariableNames m_names;
     std::string m_extra; ///< nothing yet
 };
-
-/// Writes the name header of every text file that the program makes: one line "vname", tab, 1-based
-/// number, tab, name per name, as Latin-1 bytes.
-void writeNameHeader(std::ostream& out, const VariableNames& names);

@@ -4,8 +4,8 @@
 #include "input/asciidatareader.h"
 
 #include "input/asciidata.h"
-#include "input/numberlines.h"
 #include "input/readerreport.h"
+#include "input/scan/numberlines.h"
 #include "input/variablenames.h"
 
 #include <new>
@@ -40,7 +40,8 @@ bool AsciiDataReader::checkConsistency()
                   .arg(fault.line)
                   .arg(fault.entry)
                   .arg(shownEntry(fault.text));
-    showReaderReport(QMessageBox::Information, tr("Error while reading data"), text);
+    reportReaderMessage(
+        {ReaderMessage::Severity::Information, tr("Error while reading data"), text});
     return false;
 }
 

@@ -3,11 +3,11 @@
 
 #include "input/asciireader.h"
 
-#include "input/linebuffer.h"
-#include "input/linescan.h"
 #include "input/linetext.h"
-#include "input/numberlines.h"
 #include "input/readerreport.h"
+#include "input/scan/linebuffer.h"
+#include "input/scan/linescan.h"
+#include "input/scan/numberlines.h"
 #include "input/variablenames.h"
 
 #include <QFile>
@@ -87,8 +87,8 @@ bool AsciiReader::readFile()
 
 void AsciiReader::showReadError() const
 {
-    showReaderReport(QMessageBox::Warning, QStringLiteral("Error"),
-                     QStringLiteral("Error while reading file %1").arg(m_fileName));
+    reportReaderMessage({ReaderMessage::Severity::Warning, QStringLiteral("Error"),
+                         QStringLiteral("Error while reading file %1").arg(m_fileName)});
 }
 
 bool AsciiReader::readNumbers(QFile& file)

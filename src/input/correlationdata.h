@@ -4,11 +4,8 @@
 #pragma once
 
 #include "input/asciidata.h"
-#include "settings/settings.h"
 
 #include <QString>
-
-#include <iosfwd>
 
 /// The correlation matrix of a session, computed or read from a file, with the names of its
 /// variables.
@@ -29,9 +26,3 @@ public:
 private:
     QString m_asymmetry;
 };
-
-/// Writes the correlations as a file that the correlation reader takes back: one line per row,
-/// every value rounded to @p decimals p (at most 9) and right aligned in p + 4 characters, then the
-/// name header. At least one blank precedes a value, and no value has an exponent.
-void writeCorrelations(std::ostream& out, const CorrelationData& correlations,
-                       unsigned decimals = settings::precision());

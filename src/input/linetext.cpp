@@ -3,7 +3,7 @@
 
 #include "input/linetext.h"
 
-#include "input/charclass.h"
+#include "input/scan/charclass.h"
 
 #include <algorithm>
 #include <climits>
@@ -98,6 +98,11 @@ std::optional<int> toInteger(QStringView text)
 }
 
 } // namespace
+
+bool isBlank(char16_t code)
+{
+    return pelmora::isBlank(code);
+}
 
 QStringView trimmed(QStringView line)
 {

@@ -12,6 +12,9 @@ namespace linetext {
 
 enum Kind : int { Data = 0, Name = 1, Other = 2 };
 
+/// White space of every file and name, whatever a toolkit or locale thinks.
+bool isBlank(char16_t code);
+
 QStringView trimmed(QStringView line);
 
 Kind kindOf(QStringView line);

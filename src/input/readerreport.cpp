@@ -3,9 +3,27 @@
 
 #include "input/readerreport.h"
 
-void showReaderReport(QMessageBox::Icon icon, const QString& title, const QString& text)
+#include <cstdio>
+
+namespace {
+
+void writeToStandardError(const ReaderMessage& message)
 {
-    QMessageBox box(icon, title, text, QMessageBox::Ok);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    std::fprintf(stderr, "%s\n", message.text.toLocal8Bit().constData());
+}
+
+ReaderReport reportInForce = writeToStandardError;
+
+} // namespace
+
+ReaderReport setReaderReport(ReaderReport report)
+{
+    const ReaderReport previous = reportInForce;
+    reportInForce = report ? report : writeToStandardError;
+    return previous;
+}
+
+void reportReaderMessage(const ReaderMessage& message)
+{
+    reportInForce(message);
 }

@@ -3,8 +3,24 @@
 
 #pragma once
 
-#include <QMessageBox>
+#include <QString>
 
-/// Shows a reader's message in a modal box without parent, with one Ok button. Texts from a file
-/// are shown as they are, never as rich text.
-void showReaderReport(QMessageBox::Icon icon, const QString& title, const QString& text);
+/// What a reader has to tell the user about a file.
+struct ReaderMessage
+{
+    enum class Severity { Information, Warning };
+
+    Severity severity;
+    QString title;
+    QString text; ///< may hold text of the file; never rich text
+};
+
+using ReaderReport = void (*)(const ReaderMessage& message);
+
+/// Replaces the report that the readers' messages go through and returns the one before it. The
+/// first report, which null brings back, writes to standard error; the program sets one that opens
+/// a box.
+ReaderReport setReaderReport(ReaderReport report);
+
+/// Reports @p message through the report in force.
+void reportReaderMessage(const ReaderMessage& message);

@@ -4,6 +4,7 @@
 #include "input/variablenames.h"
 
 #include <algorithm>
+#include <ostream>
 
 namespace {
 
@@ -62,4 +63,10 @@ VariableNames VariableNames::first(std::size_t count) const
     VariableNames names(count);
     names.m_given.insert(m_given.begin(), m_given.lower_bound(std::min(count, m_count)));
     return names;
+}
+
+void writeNameHeader(std::ostream& out, const VariableNames& names)
+{
+    for (std::size_t i = 0; i < names.size(); ++i)
+        out << "vname\t" + std::to_string(i + 1) + '\t' + names[i] + '\n';
 }

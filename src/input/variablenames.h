@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <cstddef>
+#include <iosfwd>
 #include <map>
 #include <string>
 
@@ -40,3 +41,7 @@ private:
     std::size_t m_count = 0;
     std::map<std::size_t, std::string> m_given;
 };
+
+/// Writes the name header of every text file that the program makes: one line "vname", tab, 1-based
+/// number, tab, name per name, as Latin-1 bytes.
+void writeNameHeader(std::ostream& out, const VariableNames& names);

@@ -3,7 +3,7 @@
 
 #include "minimalpairs/minimalpairentryform.h"
 
-#include "settings/numbertext.h"
+#include "output/numbertext.h"
 #include "ui_minimalpairentryform.h"
 #include "views/nameheaders.h"
 #include "views/plaintooltip.h"

@@ -9,8 +9,8 @@
 
 #include "numerics/correlation.h"
 
-#include "numerics/alignedrows.h"
-#include "numerics/lanes.h"
+#include "numerics/kernels/alignedrows.h"
+#include "numerics/kernels/lanes.h"
 #include "numerics/memory.h"
 #include "numerics/owners.h"
 

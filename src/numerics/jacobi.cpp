@@ -7,9 +7,9 @@
 
 #include "numerics/jacobi.h"
 
-#include "numerics/alignedrows.h"
 #include "numerics/errorreport.h"
-#include "numerics/jacobisweeps.h"
+#include "numerics/kernels/alignedrows.h"
+#include "numerics/kernels/jacobisweeps.h"
 #include "numerics/owners.h"
 
 #include <algorithm>

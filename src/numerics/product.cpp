@@ -7,7 +7,7 @@
 
 #include "numerics/product.h"
 
-#include "numerics/lanes.h"
+#include "numerics/kernels/lanes.h"
 
 namespace pelmora {
 

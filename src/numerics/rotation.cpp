@@ -3,9 +3,9 @@
 
 #include "numerics/rotation.h"
 
-#include "numerics/columnsweeps.h"
-#include "numerics/pairangles.h"
-#include "numerics/rotationdriver.h"
+#include "numerics/kernels/pairangles.h"
+#include "numerics/kernels/rotationdriver.h"
+#include "numerics/kernels/rotationsweeps.h"
 
 #include <cmath>
 #include <cstdint>
@@ -43,7 +43,7 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
 
 double rotation_sweep(double** l, double** b, int m, int p, int method)
 {
-    ColumnSweeps sweeps(l, b, m, p, method);
+    RotationSweeps sweeps(l, b, m, p, method);
     if (sweeps.isNull())
         return std::nan("");
     const double criterion = sweeps.methodAwareSweep();
@@ -55,7 +55,7 @@ void rotate(double** l, double** b, int m, int p, int method)
 {
     if (m <= 1)
         return;
-    ColumnSweeps sweeps(l, b, m, p, method);
+    RotationSweeps sweeps(l, b, m, p, method);
     if (sweeps.isNull())
         return;
     driveRotation(sweeps, m, p);

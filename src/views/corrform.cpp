@@ -4,6 +4,7 @@
 #include "views/corrform.h"
 
 #include "input/correlationdata.h"
+#include "output/correlationtext.h"
 #include "settings/settings.h"
 #include "ui_corrform.h"
 #include "views/dialogvarnames.h"
@@ -26,7 +27,7 @@ bool writeAndClose(std::ofstream& file, const CorrelationData& correlations)
 {
     const WaitCursor waitCursor;
     try {
-        writeCorrelations(file, correlations);
+        writeCorrelations(file, correlations.matrix(), correlations.names(), settings::precision());
         file.close();
     } catch (const std::exception&) {
         return false;

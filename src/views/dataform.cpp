@@ -4,12 +4,12 @@
 #include "views/dataform.h"
 
 #include "input/asciidata.h"
+#include "output/rawdatatext.h"
 #include "ui_dataform.h"
 #include "views/dialogvarnames.h"
 #include "views/fileexport.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
-#include "views/rawdataexport.h"
 #include "views/statisticsmodel.h"
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
@@ -182,7 +182,7 @@ void DataForm::on_pushButtonSave_clicked()
     // The session may go while the dialog is open.
     const auto write = [this](std::ostream& out) {
         if (m_data)
-            writeRawData(out, *m_data);
+            writeRawData(out, m_data->matrix(), m_data->names());
     };
     runExport(this,
               {tr("Please select folder and filename to save values"), m_session->outputStem(),

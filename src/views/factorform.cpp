@@ -3,10 +3,10 @@
 
 #include "views/factorform.h"
 
+#include "output/factortext.h"
 #include "settings/settings.h"
 #include "ui_factorform.h"
 #include "views/diagramview.h"
-#include "views/factorexport.h"
 #include "views/factormodel.h"
 #include "views/fileexport.h"
 #include "views/nameheaders.h"

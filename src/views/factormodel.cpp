@@ -3,7 +3,7 @@
 
 #include "views/factormodel.h"
 
-#include "input/charclass.h"
+#include "input/linetext.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +22,7 @@ QString wordsAsLines(const QString& name)
     QString lines;
     bool wordEnded = false;
     for (QChar c : name) {
-        if (pelmora::isBlank(c.unicode())) {
+        if (linetext::isBlank(c.unicode())) {
             wordEnded = !lines.isEmpty();
             continue;
         }

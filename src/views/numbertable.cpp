@@ -3,7 +3,7 @@
 
 #include "views/numbertable.h"
 
-#include "settings/numbertext.h"
+#include "output/numbertext.h"
 #include "settings/settings.h"
 
 NumberTableModel::NumberTableModel(QObject* parent) : QAbstractTableModel(parent) {}

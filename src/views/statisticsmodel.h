@@ -4,8 +4,8 @@
 #pragma once
 
 #include "numerics/owners.h"
+#include "numerics/variablestatistics.h"
 #include "views/numbertable.h"
-#include "views/variablestatistics.h"
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 
 #include "views/tablecopy.h"
 
-#include "settings/numbertext.h"
+#include "output/numbertext.h"
 #include "settings/settings.h"
 #include "views/waitcursor.h"
 

@@ -3,7 +3,7 @@
 
 #include "views/zarneldelegate.h"
 
-#include "settings/numbertext.h"
+#include "output/numbertext.h"
 #include "settings/settings.h"
 #include "views/factormodel.h"
 

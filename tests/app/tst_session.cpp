@@ -92,7 +92,7 @@ void TestSession::samplesGiveTheReferences()
             QVERIFY(std::abs(decomposition.eigenvalues[i] - eigenvalues[i][0]) < 1e-11);
 
         const auto result =
-            factoranalysis::factors(decomposition, factors, pelmora::VarimaxRotation, {}, false);
+            pelmora::extractFactors(decomposition, factors, pelmora::VarimaxRotation, {}, false);
         // R stops where its own criterion allows: 1e-6 is its precision, not ours.
         const auto loadings = reference(QString("%1.varimax-%2").arg(sampleName).arg(factors));
         QVERIFY(largestDifference(result.loadings, loadings) < 1e-6);
@@ -109,9 +109,9 @@ void TestSession::scoresHaveUnitVariance()
                                           {pelmora::NoRotation, false},
                                           {pelmora::PelmoraRotation, true}}) {
         const auto data = rowWise ? transposed(lines) : lines.clone();
-        auto standardised = factoranalysis::correlations(data, rowWise).standardised;
+        auto standardised = pelmora::formCorrelations(data, rowWise).standardised;
         const auto [loadings, scores] =
-            factoranalysis::factors(session()->decomposition(), 3, method, standardised, rowWise);
+            pelmora::extractFactors(session()->decomposition(), 3, method, standardised, rowWise);
         if (rowWise)
             standardised = transposed(standardised);
         QCOMPARE(scores.rows(), 20);
@@ -167,7 +167,7 @@ void TestSession::everyPageShowsItsOwnKind()
          {std::tuple(3, pelmora::PelmoraRotation, "Pelmora rotated factors : "),
           {4, pelmora::VarimaxRotation, "Varimax rotated factors : "},
           {5, pelmora::NoRotation, "Initial factors : "}}) {
-        const auto own = factoranalysis::factors(session()->decomposition(), 3, method, {}, false);
+        const auto own = pelmora::extractFactors(session()->decomposition(), 3, method, {}, false);
         pages()->setCurrentIndex(page);
         QCOMPARE(find<QLabel>("labelFactors")->text(), title);
         QVERIFY(saved("ExportRotated").contains(QByteArray::number(own.loadings[0][0], 'g', 6)));

@@ -15,6 +15,7 @@ class TestIncludes : public QObject
 
 private slots:
     void foldersUseOnlyWhatStandsBelowThem();
+    void innerRoomsAreUsedByTheirFolderOnly();
     void numericsKnowsNoToolkit();
     void nobodyIncludesTheEntry();
 
@@ -41,12 +42,14 @@ private:
 
 void TestIncludes::foldersUseOnlyWhatStandsBelowThem()
 {
-    const QStringList input = {"input", "settings", "numerics"};
-    const QStringList views = QStringList("views") + input;
+    const QStringList input = {"input", "numerics"};
+    const QStringList output = QStringList("output") + input;
+    const QStringList views = QStringList{"views", "settings"} + output;
     const QStringList minimalPairs = QStringList("minimalpairs") + views;
     const QMap<QString, QStringList> allowed = {{"numerics", {"numerics"}},
                                                 {"settings", {"settings"}},
                                                 {"input", input},
+                                                {"output", output},
                                                 {"views", views},
                                                 {"minimalpairs", minimalPairs},
                                                 {"app", QStringList("app") + minimalPairs}};
@@ -54,6 +57,17 @@ void TestIncludes::foldersUseOnlyWhatStandsBelowThem()
         const QString used = include.section(u'/', 0, 0);
         if (allowed.contains(used))
             QVERIFY2(allowed[folder].contains(used), qPrintable(path + " includes " + include));
+    });
+}
+
+/// Kernels and scanners are the business of the folder around them.
+void TestIncludes::innerRoomsAreUsedByTheirFolderOnly()
+{
+    forEachInclude([](const QString& folder, const QString& path, const QString& include) {
+        for (const QLatin1String room :
+             {QLatin1String("numerics/kernels/"), QLatin1String("input/scan/")})
+            if (include.startsWith(room))
+                QVERIFY2(room.startsWith(folder), qPrintable(path + " includes " + include));
     });
 }
 

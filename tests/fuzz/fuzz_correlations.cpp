@@ -7,7 +7,7 @@
 #include "fuzz/fuzzsupport.h"
 #include "input/asciicorrreader.h"
 #include "input/correlationdata.h"
-#include "settings/numbertext.h"
+#include "output/numbertext.h"
 
 #include <cmath>
 #include <sstream>
@@ -47,7 +47,7 @@ bool load(const QString& path, CorrelationData& data)
 void requireReadBack(const CorrelationData& data, unsigned decimals)
 {
     std::ostringstream out;
-    writeCorrelations(out, data, decimals);
+    writeCorrelations(out, data.matrix(), data.names(), decimals);
     const std::string bytes = out.str();
     CorrelationData back;
     require(load(fileOf(bytes.data(), bytes.size()), back), "the export reads back");

@@ -4,8 +4,8 @@
 // One entry of a data line: converted, or refused, as the toolkit does.
 
 #include "fuzz/fuzzsupport.h"
-#include "input/numberparser.h"
-#include "input/numberscan.h"
+#include "input/scan/numberparser.h"
+#include "input/scan/numberscan.h"
 
 #include <string>
 

@@ -6,7 +6,7 @@
 
 #include "fuzz/fuzzsupport.h"
 #include "input/plaincomparison.h"
-#include "views/rawdataexport.h"
+#include "output/rawdatatext.h"
 
 #include <cmath>
 #include <sstream>
@@ -16,7 +16,7 @@ namespace {
 void requireReadBack(const AsciiData& data)
 {
     std::ostringstream out;
-    writeRawData(out, data);
+    writeRawData(out, data.matrix(), data.names());
     const std::string bytes = out.str();
     AsciiDataReader reader(fileOf(bytes.data(), bytes.size()), nullptr);
     AsciiData back;

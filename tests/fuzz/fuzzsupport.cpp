@@ -3,7 +3,7 @@
 
 #include "fuzz/fuzzsupport.h"
 
-#include "input/readerreport.h"
+#include "support/readerrecord.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,18 +11,12 @@
 #include <bit>
 #include <cstdio>
 #include <cstdlib>
-#include <utility>
 
 namespace {
 
-QStringList reports;
+ReaderRecord record;
 
 } // namespace
-
-void showReaderReport(QMessageBox::Icon, const QString& title, const QString& text)
-{
-    reports << title + u'|' + text;
-}
 
 void require(bool holds, const char* property)
 {
@@ -48,7 +42,7 @@ QString fileOf(const char* bytes, std::size_t size)
 
 QStringList takeReports()
 {
-    return std::exchange(reports, {});
+    return record.takeRecord();
 }
 
 bool sameBits(double a, double b)

@@ -4,7 +4,7 @@
 #include "input/asciicorrreader.h"
 
 #include "input/correlationdata.h"
-#include "support/dialogscript.h"
+#include "support/readerrecord.h"
 #include "support/samplefile.h"
 
 #include <QTest>
@@ -58,7 +58,7 @@ void TestAsciiCorrReader::shapesAndCompletions()
     QFETCH(QByteArray, lines);
     QFETCH(QString, completed);
     const SampleFile file("r.txt", lines.replace(" / ", "\n"));
-    DialogScript script;
+    ReaderRecord record;
     AsciiCorrReader unread(file.path(), nullptr);
     QVERIFY(unread.readFile());
     QTEST(unread.identifyType(), "shape");
@@ -69,7 +69,7 @@ void TestAsciiCorrReader::shapesAndCompletions()
     CorrelationData data;
     QVERIFY(data.allocate(reader.lineCount(), reader.lineCount()));
     QCOMPARE(reader.getData(data), !completed.isEmpty());
-    QCOMPARE(script.takeRecord(), QStringList());
+    QCOMPARE(record.takeRecord(), QStringList());
     if (!completed.isEmpty()) {
         QCOMPARE(reader.dataLines().join(" / "), completed);
         QCOMPARE(reader.columnCount(), reader.lineCount());
@@ -83,7 +83,7 @@ void TestAsciiCorrReader::refusedFiles()
     const QStringList both = QStringList("Error while reading correlation matrix|"
                                          "Some entries seems to be not a number.") +
                              unidentified;
-    DialogScript script;
+    ReaderRecord record;
     for (const auto& [bytes, boxes] : {std::pair("1 .3\n- 1", both),
                                        {"1 .3\n.3 1.2.3", both},
                                        {"1\n.3 1\n\t\n", both},
@@ -91,7 +91,7 @@ void TestAsciiCorrReader::refusedFiles()
                                        {"1\n1 2 3\n1 2 3 4 5", unidentified}}) {
         const SampleFile file("r.txt", bytes);
         QVERIFY2(!AsciiCorrReader(file.path(), nullptr).read(), bytes);
-        QCOMPARE(script.takeRecord(), boxes);
+        QCOMPARE(record.takeRecord(), boxes);
     }
 }
 

@@ -4,7 +4,7 @@
 #include "input/asciidatareader.h"
 
 #include "input/plaincomparison.h"
-#include "support/dialogscript.h"
+#include "support/readerrecord.h"
 #include "support/samplefile.h"
 
 #include <QRandomGenerator>
@@ -72,14 +72,14 @@ void TestAsciiDataReader::faults()
         {QByteArray(400, '9'), number.arg(0).arg(0).arg(QString(400, u'9'))},
         {QByteArray(5000, '-'), number.arg(0).arg(0).arg(QString(1000, u'-') + "...")},
     };
-    DialogScript script;
+    ReaderRecord record;
     for (const auto& [bytes, message] : files) {
         const SampleFile file("data.txt", bytes);
         AsciiDataReader reader(file.path(), nullptr);
         QVERIFY(reader.readFile());
         QCOMPARE(reader.checkConsistency(), message.isEmpty());
         const QString box = "Error while reading data|" + message;
-        QCOMPARE(script.takeRecord(), message.isEmpty() ? QStringList() : QStringList(box));
+        QCOMPARE(record.takeRecord(), message.isEmpty() ? QStringList() : QStringList(box));
     }
 }
 
@@ -121,14 +121,14 @@ void TestAsciiDataReader::containerOfAnotherSize()
 void TestAsciiDataReader::randomFilesAgainstThePlainReader()
 {
     QRandomGenerator random(3);
-    DialogScript script;
+    ReaderRecord record;
     int accepted = 0;
     for (int i = 0; i < 500; ++i) {
         const QByteArray bytes = randomFile(random);
         const SampleFile file("data.txt", bytes);
         AsciiData data;
         const auto outcome = plaincomparison::compare(
-            file.path(), [&] { return script.takeRecord(); }, data);
+            file.path(), [&] { return record.takeRecord(); }, data);
         if (outcome.difference)
             qInfo() << bytes;
         QVERIFY2(!outcome.difference, outcome.difference);

@@ -4,10 +4,10 @@
 #include "input/asciireader.h"
 
 #include "input/asciidatareader.h"
-#include "input/linebuffer.h"
-#include "input/linescan.h"
 #include "input/plaincomparison.h"
-#include "support/dialogscript.h"
+#include "input/scan/linebuffer.h"
+#include "input/scan/linescan.h"
+#include "support/readerrecord.h"
 #include "support/samplefile.h"
 
 #include <QRandomGenerator>
@@ -38,10 +38,10 @@ QByteArrayList piecesOf(const QString& path, std::size_t chunkSize)
 
 void requireSameAsPlain(const SampleFile& file)
 {
-    DialogScript script;
+    ReaderRecord record;
     AsciiData data;
     const auto outcome = plaincomparison::compare(
-        file.path(), [&] { return script.takeRecord(); }, data);
+        file.path(), [&] { return record.takeRecord(); }, data);
     QVERIFY2(!outcome.difference, outcome.difference);
 }
 
@@ -124,18 +124,18 @@ void TestAsciiReader::onlyReadErrorsAreReported()
     const QTemporaryDir folder;
     const QString pipe = folder.filePath(QStringLiteral("pipe"));
     QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
-    DialogScript script;
+    ReaderRecord record;
     for (const QString& path : {folder.path(), folder.filePath("no/such.txt"), QString(), pipe}) {
         QVERIFY(!AsciiReader(path, nullptr).readFile());
         QVERIFY(!AsciiDataReader(path, nullptr).readFile());
     }
-    QCOMPARE(script.takeRecord(), QStringList());
+    QCOMPARE(record.takeRecord(), QStringList());
     // A file that opens and then refuses to be read.
     const QString refusing = "/proc/self/mem";
     if (!QFileInfo(refusing).isReadable())
         QSKIP("no such file on this system");
     QVERIFY(!AsciiDataReader(refusing, nullptr).readFile());
-    QCOMPARE(script.takeRecord(), QStringList("Error|Error while reading file " + refusing));
+    QCOMPARE(record.takeRecord(), QStringList("Error|Error while reading file " + refusing));
 }
 
 void TestAsciiReader::piecesAreTheSameForEveryChunkSize()
@@ -170,7 +170,7 @@ void TestAsciiReader::fileThatShrinksWhileRead()
 
 void TestAsciiReader::fileThatVanishesAfterReading()
 {
-    DialogScript script;
+    ReaderRecord record;
     auto file = std::make_unique<SampleFile>("data.txt", "1 2\n3 4\nx\n");
     AsciiDataReader reader(file->path(), nullptr);
     QVERIFY(reader.readFile());
@@ -178,7 +178,7 @@ void TestAsciiReader::fileThatVanishesAfterReading()
     QCOMPARE(reader.lineCount(), 2U);
     QVERIFY(reader.checkConsistency());
     QVERIFY(reader.otherLines().isEmpty());
-    QCOMPARE(script.takeRecord(), QStringList());
+    QCOMPARE(record.takeRecord(), QStringList());
 }
 
 QTEST_MAIN(TestAsciiReader)

@@ -4,8 +4,10 @@
 #include "input/correlationdata.h"
 
 #include "input/asciicorrreader.h"
-#include "settings/numbertext.h"
-#include "support/dialogscript.h"
+#include "output/correlationtext.h"
+#include "output/numbertext.h"
+#include "settings/settings.h"
+#include "support/readerrecord.h"
 #include "support/samplefile.h"
 #include "support/testsettings.h"
 
@@ -30,14 +32,14 @@ void fill(CorrelationData& data, unsigned order, double value)
 QByteArray written(const CorrelationData& data)
 {
     std::ostringstream out;
-    writeCorrelations(out, data);
+    writeCorrelations(out, data.matrix(), data.names(), settings::precision());
     return QByteArray::fromStdString(out.str());
 }
 
 bool readBack(const QByteArray& bytes, CorrelationData& data)
 {
     const SampleFile file("r.txt", bytes);
-    DialogScript script;
+    ReaderRecord record;
     AsciiCorrReader reader(file.path(), nullptr);
     return reader.read() && data.allocate(reader.lineCount(), reader.lineCount()) &&
            reader.getData(data);

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "input/numberparser.h"
+#include "input/scan/numberparser.h"
 
-#include "input/numberscan.h"
+#include "input/scan/numberscan.h"
 
 #include <QRandomGenerator>
 #include <QTest>

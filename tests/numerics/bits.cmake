@@ -5,7 +5,8 @@ include(${PROJECT_SOURCE_DIR}/src/numerics/kernelflags.cmake)
 get_target_property(kernels pelmora_numerics SOURCES)
 list(TRANSFORM kernels PREPEND ${PROJECT_SOURCE_DIR}/src/numerics/)
 file(GLOB bits_headers CONFIGURE_DEPENDS
-    ${PROJECT_SOURCE_DIR}/src/numerics/*.h ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    ${PROJECT_SOURCE_DIR}/src/numerics/*.h ${PROJECT_SOURCE_DIR}/src/numerics/kernels/*.h
+    ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
 set(bits_sources ${CMAKE_CURRENT_SOURCE_DIR}/bits.cpp ${kernels})
 set(bits_programs)
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "numerics/alignedrows.h"
+#include "numerics/kernels/alignedrows.h"
 #include "numerics/memory.h"
 #include "numericstest.h"
 

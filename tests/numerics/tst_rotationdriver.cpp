@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "numerics/rotationdriver.h"
+#include "numerics/kernels/rotationdriver.h"
 
 #include <QTest>
 

@@ -5,8 +5,8 @@
 
 #include "rotationproblem.h"
 
+#include "numerics/kernels/rotationdriver.h"
 #include "numerics/rotation.h"
-#include "numerics/rotationdriver.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "input/scan/linebuffer.h"
+
+#include <QFile>
+
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+namespace pelmora {
+
+void LineBuffer::Free::operator()(char* bytes) const
+{
+    std::free(bytes);
+}
+
+bool LineBuffer::next()
+{
+    dropRun();
+    while (!m_atEnd && !m_failed && m_run == 0) {
+        const std::size_t searched = m_size;
+        if (readMore())
+            findRun(searched);
+    }
+    if (m_atEnd && m_run == 0)
+        m_run = m_size;
+    return m_run > 0 && !m_failed;
+}
+
+void LineBuffer::findRun(std::size_t searched)
+{
+    constexpr auto none = std::string_view::npos;
+    const std::string_view bytes(m_bytes.get(), m_size);
+    const std::string_view fresh = bytes.substr(searched);
+    auto lineEnd = fresh.rfind('\n');
+    if (lineEnd == none) {
+        if (const auto nul = bytes.find('\0'); nul != none) {
+            cutBehind(nul);
+            return;
+        }
+        lineEnd = fresh.rfind('\r');
+    }
+    if (lineEnd != none)
+        m_run = searched + lineEnd + 1;
+}
+
+/// What follows a NUL up to the line feed counts for nothing; a file full of it must not fill the
+/// memory.
+void LineBuffer::cutBehind(std::size_t nul)
+{
+    m_size = nul + 1;
+    std::memset(m_bytes.get() + m_size, 0, numberscan::margin);
+}
+
+void LineBuffer::dropRun()
+{
+    m_size -= m_run;
+    if (m_run > 0 && m_size > 0)
+        std::memmove(m_bytes.get(), m_bytes.get() + m_run, m_size);
+    m_run = 0;
+}
+
+bool LineBuffer::readMore()
+{
+    if (m_size == m_capacity && !grow()) {
+        m_failed = true;
+        return false;
+    }
+    const qint64 count =
+        m_file.read(m_bytes.get() + m_size, static_cast<qint64>(m_capacity - m_size));
+    m_failed = count < 0;
+    m_atEnd = count == 0;
+    if (count > 0)
+        m_size += static_cast<std::size_t>(count);
+    std::memset(m_bytes.get() + m_size, 0, numberscan::margin);
+    return count > 0;
+}
+
+bool LineBuffer::grow()
+{
+    const std::size_t capacity = m_capacity == 0 ? m_chunkSize : 2 * m_capacity;
+    auto* bytes = static_cast<char*>(std::realloc(m_bytes.get(), capacity + numberscan::margin));
+    if (!bytes)
+        return false;
+    static_cast<void>(m_bytes.release());
+    m_bytes.reset(bytes);
+    m_capacity = capacity;
+    return true;
+}
+
+} // namespace pelmora

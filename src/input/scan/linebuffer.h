@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "input/scan/numberscan.h"
+
+#include <cstddef>
+#include <memory>
+
+class QFile;
+
+namespace pelmora {
+
+/// Reads a file in large chunks and hands out runs of whole lines: each run ends with a line feed
+/// (a carriage return where there are none), save perhaps the file's last. A line longer than a
+/// chunk makes the buffer grow.
+class LineBuffer
+{
+public:
+    static constexpr std::size_t usualChunk = 256 * 1024;
+
+    explicit LineBuffer(QFile& file, std::size_t chunkSize = usualChunk)
+        : m_file(file)
+        , m_chunkSize(chunkSize)
+    {
+    }
+
+    /// Goes to the next run; false at the end of the file and after a fault.
+    bool next();
+
+    /// The run; NUL bytes stand behind one without line end.
+    const char* begin() const { return m_bytes.get(); }
+    const char* end() const { return m_bytes.get() + m_run; }
+
+    /// Whether reading failed, or the memory for a line.
+    bool failed() const { return m_failed; }
+
+private:
+    struct Free
+    {
+        void operator()(char* bytes) const;
+    };
+
+    void dropRun();
+    bool readMore();
+    void findRun(std::size_t searched);
+    void cutBehind(std::size_t nul);
+    bool grow();
+
+    QFile& m_file;
+    std::size_t m_chunkSize;
+    std::unique_ptr<char[], Free> m_bytes;
+    std::size_t m_capacity = 0;
+    std::size_t m_size = 0; ///< bytes read and not yet dropped
+    std::size_t m_run = 0;  ///< how many of them make up the run
+    bool m_atEnd = false;
+    bool m_failed = false;
+};
+
+} // namespace pelmora

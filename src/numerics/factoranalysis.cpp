@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "numerics/factoranalysis.h"
+
+#include "numerics/correlation.h"
+#include "numerics/initialfactors.h"
+#include "numerics/jacobi.h"
+#include "numerics/product.h"
+#include "numerics/rotation.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pelmora {
+
+namespace {
+
+constexpr int transposeFirst = 1;
+constexpr int plainProduct = 0;
+
+Matrix firstColumns(const Matrix& source, int columns)
+{
+    Matrix result(source.rows(), columns);
+    for (int i = 0; i < result.rows(); ++i)
+        std::copy_n(source[i], columns, result[i]);
+    return result;
+}
+
+/// The first m columns and the one after them, which the rotation's criterion looks at. Behind the
+/// last factor it is a column of zeros.
+Matrix loadingsToRotate(const Matrix& initialLoadings, int m)
+{
+    if (m < initialLoadings.columns())
+        return firstColumns(initialLoadings, m + 1);
+    Matrix result(initialLoadings.rows(), m + 1);
+    for (int i = 0; i < result.rows(); ++i) {
+        std::copy_n(initialLoadings[i], m, result[i]);
+        result[i][m] = 0.0;
+    }
+    return result;
+}
+
+/// z-scores times coefficients. Only the transposed product conforms where rows are variables.
+Matrix factorScores(const Matrix& standardised, bool rowWise, const Matrix& coefficients)
+{
+    const int cases = rowWise ? standardised.columns() : standardised.rows();
+    Matrix scores(cases, coefficients.columns());
+    if (!scores.isNull())
+        multiply(scores.rowPointers(), standardised.rowPointers(),
+                 rowWise ? transposeFirst : plainProduct, coefficients.rowPointers(),
+                 standardised.rows(), standardised.columns(), coefficients.columns());
+    return scores;
+}
+
+} // namespace
+
+Correlations formCorrelations(const Matrix& data, bool rowWise)
+{
+    Correlations result;
+    result.standardised = data.clone();
+    if (result.standardised.isNull())
+        return {};
+    const int variables = rowWise ? data.rows() : data.columns();
+    result.matrix = Matrix::adopt(
+        correlate(result.standardised.rowPointers(), data.rows(), data.columns(), rowWise ? 1 : 0),
+        variables, variables);
+    return result;
+}
+
+Decomposition decompose(const Matrix& correlations)
+{
+    const int n = correlations.rows();
+    Decomposition result;
+    Matrix destroyed = correlations.clone();
+    result.eigenvalues = Vector(n);
+    result.eigenvectors = Matrix(n, n);
+    if (destroyed.isNull() || result.eigenvalues.isNull() || result.eigenvectors.isNull())
+        return {};
+
+    result.rotations = jacobi(destroyed.rowPointers(), n, result.eigenvalues.data(),
+                              result.eigenvectors.rowPointers());
+    sort_eigenpairs(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n);
+    Matrix loadings = std::move(destroyed); // its storage serves once more
+    initial_loadings(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n, n,
+                     loadings.rowPointers());
+    result.initialLoadings = std::move(loadings);
+    return result;
+}
+
+Factors extractFactors(const Decomposition& decomposition, int m, int method,
+                       const Matrix& standardised, bool rowWise)
+{
+    const int p = decomposition.initialLoadings.rows();
+    Matrix loadings = loadingsToRotate(decomposition.initialLoadings, m);
+    Matrix coefficients(p, m);
+    if (loadings.isNull() || coefficients.isNull())
+        return {};
+
+    score_coefficients(decomposition.eigenvalues.data(), decomposition.eigenvectors.rowPointers(),
+                       p, m, coefficients.rowPointers());
+    if (method != NoRotation)
+        rotate(loadings.rowPointers(), coefficients.rowPointers(), m, p, method);
+
+    Factors result;
+    result.loadings = firstColumns(loadings, m);
+    if (!standardised.isNull())
+        result.scores = factorScores(standardised, rowWise, coefficients);
+    return result;
+}
+
+} // namespace pelmora

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/owners.h"
+
+/// What a session computes between its input matrix and its factor pages; no page, no widget.
+namespace pelmora {
+
+/// Correlations of raw data and the z-scores that they were formed from.
+struct Correlations
+{
+    Matrix matrix;       ///< p x p
+    Matrix standardised; ///< the shape of the data
+    bool isNull() const { return matrix.isNull() || standardised.isNull(); }
+};
+
+/// Correlates the variables of @p data, which are its rows when @p rowWise, else its columns. The
+/// data stay as they are. Null after a reported allocation failure.
+Correlations formCorrelations(const Matrix& data, bool rowWise);
+
+/// The eigenpairs of a correlation matrix, sorted, with the unrotated loadings of all factors.
+struct Decomposition
+{
+    Vector eigenvalues;     ///< p, descending
+    Matrix eigenvectors;    ///< p x p, column j belongs to eigenvalue j
+    Matrix initialLoadings; ///< p x p, row variable, column factor
+    int rotations = 0;      ///< Jacobi rotations that were needed
+    bool isNull() const { return initialLoadings.isNull(); }
+};
+
+/// Decomposes a p x p correlation matrix. Null after a reported allocation failure.
+Decomposition decompose(const Matrix& correlations);
+
+/// Loadings and, for raw data, scores of the first factors.
+struct Factors
+{
+    Matrix loadings; ///< p x m
+    Matrix scores;   ///< cases x m; null without raw data
+    bool isNull() const { return loadings.isNull(); }
+};
+
+/// Takes the first @p m factors of @p decomposition and rotates them by @p method (a
+/// RotationMethod).
+/// @param standardised  z-scores, or null: no scores
+/// @param rowWise       whether the rows of @p standardised are the variables
+Factors extractFactors(const Decomposition& decomposition, int m, int method,
+                       const Matrix& standardised, bool rowWise);
+
+} // namespace pelmora

@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+// The sweep for large matrices, which lives on touching memory less. The rotations of one ip are
+// found eight at a time, from the few elements where their rows and columns meet. Then a strip of
+// the row of ip is kept in registers while the eight rows run past it, so that a visit costs one
+// load and one store. The eight columns that mirror the rows are written together, a cache line per
+// row, and only below ip: what lies above waits for the end of the sweep, since nobody reads it
+// before. Rotations never read eigenvectors, so these wait until several ip can be applied to a
+// strip of them that stays in the cache.
+
+#include "numerics/kernels/jacobisweeps.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace pelmora {
+
+namespace {
+
+constexpr int blockSize = 8;
+constexpr int stripLength = 32;
+constexpr int heldBack = 8;
+
+/// A rotation with the row that it turns against that of ip.
+struct Turn
+{
+    PlaneRotation rotation;
+    std::int64_t iq;
+};
+static_assert(sizeof(Turn) == 3 * sizeof(double));
+
+/// The rows that a turn concerns, from some column on.
+struct Strip
+{
+    double* ipRow;
+    double* firstRow;
+    std::ptrdiff_t stride;
+};
+
+/// The rows are more streams than the processor foresees by itself, so each asks for its part of
+/// the next strip. Asking beyond the last row does no harm.
+template <typename Lanes, int Vectors>
+PELMORA_ALWAYS_INLINE void turnStrip(const Strip& strip, const Turn* turns, int count)
+{
+    constexpr int vectorsPerLine = 64 / sizeof(Lanes);
+    constexpr int forWriting = 1;
+    Lanes x[Vectors];
+    for (int i = 0; i < Vectors; ++i)
+        x[i] = lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values;
+    for (const Turn* turn = turns; turn != turns + count; ++turn) {
+        const PlaneRotation rotation = turn->rotation;
+        double* y = strip.firstRow + turn->iq * strip.stride;
+        for (int i = 0; i < Vectors; ++i) {
+            if (i % vectorsPerLine == 0)
+                __builtin_prefetch(y + (Vectors + i) * laneCount<Lanes>, forWriting);
+            rotatePairs(x[i], y + i * laneCount<Lanes>, rotation);
+        }
+    }
+    for (int i = 0; i < Vectors; ++i)
+        lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values = x[i];
+}
+
+/// Applies turns, in their order, to the columns from @p first up to @p end (multiples of eight).
+struct TurnColumns
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int ip, const Turn* turns, int count,
+                                          int first, int end)
+    {
+        constexpr int length = 8 * laneCount<Lanes>;
+        Strip strip{rows[ip] + first, rows[0] + first, rows.stride()};
+        int left = end - first;
+        for (; left >= length; left -= length) {
+            turnStrip<Lanes, 8>(strip, turns, count);
+            strip.ipRow += length;
+            strip.firstRow += length;
+        }
+        turnRest<Lanes>(strip, left / laneCount<Lanes>, turns, count);
+    }
+
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void turnRest(const Strip& strip, int vectors, const Turn* turns,
+                                               int count)
+    {
+        if (vectors == 6)
+            turnStrip<Lanes, 6>(strip, turns, count);
+        else if (vectors == 4)
+            turnStrip<Lanes, 4>(strip, turns, count);
+        else if (vectors == 2)
+            turnStrip<Lanes, 2>(strip, turns, count);
+    }
+};
+
+/// Writes the transpose of as many rows as there are lanes.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void writeTransposed(const double* from, double* to, std::ptrdiff_t stride)
+{
+    Lanes square[laneCount<Lanes>];
+    for (int i = 0; i < laneCount<Lanes>; ++i)
+        square[i] = lanesAt<Lanes>(from + i * stride).values;
+    transpose(square);
+    for (int i = 0; i < laneCount<Lanes>; ++i)
+        lanesAt<Lanes>(to + i * stride).values = square[i];
+}
+
+/// Copies the eight rows of a block, from column @p first up to @p end, into the columns that
+/// mirror them.
+struct MirrorBlock
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int block, int first, int end)
+    {
+        for (int column = first; column < end; column += laneCount<Lanes>)
+            for (int row = block; row < block + blockSize; row += laneCount<Lanes>)
+                writeTransposed<Lanes>(rows[row] + column, rows[column] + row, rows.stride());
+    }
+};
+
+/// The elements where the rows and columns of a block meet, and those of row ip above them.
+struct Crossing
+{
+    double x[blockSize];
+    double y[blockSize][blockSize];
+};
+
+void fetchCrossing(AlignedRows& rows, int ip, int block, Crossing& crossing)
+{
+    std::copy_n(rows[ip] + block, blockSize, crossing.x);
+    for (int i = 0; i < blockSize; ++i)
+        std::copy_n(rows[block + i] + block, blockSize, crossing.y[i]);
+}
+
+/// Finds the rotations of ip with the rows from @p first up to @p end, all in one block, and
+/// carries them out on the crossing alone.
+int findTurns(JacobiState& state, int ip, int block, int first, int end, Crossing& crossing,
+              Turn* turns)
+{
+    int count = 0;
+    for (int iq = first; iq < end; ++iq) {
+        const int q = iq - block;
+        const double g = crossing.x[q];
+        if (isDropped(state, g, ip, iq)) {
+            crossing.x[q] = 0.0;
+        } else if (std::fabs(g) > state.threshold) {
+            const PlaneRotation rotation = startRotation(state, g, ip, iq);
+            for (int j = 0; j < blockSize; ++j)
+                rotatePair(crossing.x[j], crossing.y[q][j], rotation);
+            crossing.x[q] = crossing.y[q][q] = 0.0;
+            for (int j = 0; j < blockSize; ++j)
+                crossing.y[j][q] = crossing.y[q][j];
+            turns[count++] = {rotation, iq};
+        }
+    }
+    return count;
+}
+
+/// All rotations of ip with the rows of one block; returns their number.
+int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
+{
+    AlignedRows& rows = state.matrix;
+    const int firstBlock = (ip + 1) / blockSize * blockSize;
+    const int width = AlignedRows::padded(state.n);
+    const int first = std::max(block, ip + 1);
+    const int end = std::min(block + blockSize, state.n);
+
+    Crossing crossing;
+    fetchCrossing(rows, ip, block, crossing);
+    const int count = findTurns(state, ip, block, first, end, crossing, turns);
+    if (count > 0) {
+        // Column ip, in which rotations leave zeros, is turned like any other, and mirrored into
+        // row ip. No other column sees it; the lines below and mirrorRow() put both right.
+        runKernel<TurnColumns>(rows, ip, turns, count, 0, width);
+        for (int iq = first; iq < block + blockSize; ++iq)
+            std::copy_n(crossing.y[iq - block], blockSize, rows[iq] + block);
+        runKernel<MirrorBlock>(rows, block, firstBlock, block);
+        runKernel<MirrorBlock>(rows, block, block + blockSize, width);
+    }
+    std::copy_n(crossing.x, blockSize, rows[ip] + block);
+    rows[ip][ip] = 0.0;
+    return count;
+}
+
+/// The turns of several successive ip.
+struct HeldTurns
+{
+    Turn* turns[heldBack];
+    int count[heldBack];
+    int firstIp = 0;
+    int size = 0;
+};
+
+void turnEigenvectors(JacobiState& state, HeldTurns& held)
+{
+    const int width = AlignedRows::padded(state.n);
+    for (int column = 0; column < width; column += stripLength)
+        for (int i = 0; i < held.size; ++i)
+            runKernel<TurnColumns>(state.vectors, held.firstIp + i, held.turns[i], held.count[i],
+                                   column, std::min(column + stripLength, width));
+    held.firstIp += held.size;
+    held.size = 0;
+}
+
+} // namespace
+
+JacobiBlockSweeper::JacobiBlockSweeper(int n)
+    : m_turns(heldBack, n * int(sizeof(Turn) / sizeof(double)))
+{
+}
+
+void JacobiBlockSweeper::sweep(JacobiState& state)
+{
+    HeldTurns held;
+    for (int i = 0; i < heldBack; ++i)
+        held.turns[i] = reinterpret_cast<Turn*>(m_turns[i]);
+
+    for (int ip = 0; ip < state.n - 1; ++ip) {
+        Turn* turns = held.turns[held.size];
+        int count = 0;
+        for (int block = (ip + 1) / blockSize * blockSize; block < state.n; block += blockSize)
+            count += sweepBlock(state, ip, block, turns + count);
+        mirrorRow(state, ip, ip + 1);
+        held.count[held.size++] = count;
+        if (held.size == heldBack)
+            turnEigenvectors(state, held);
+    }
+    turnEigenvectors(state, held);
+    mirrorLowerTriangle(state);
+}
+
+} // namespace pelmora

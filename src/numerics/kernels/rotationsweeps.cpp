@@ -1,0 +1,220 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+// How the sweeps use the loops of rotationkernels.cpp. The pairs keep the order of the plain loops,
+// but for one liberty that no bit can tell: pair (j + 1, k - 1) touches nothing that pair (j, k)
+// does, so the plain sweep takes two factors j and j + 1 against the others at once, the second one
+// column behind the first.
+
+#include "numerics/kernels/rotationsweeps.h"
+
+#include "numerics/rotation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace pelmora {
+
+namespace {
+
+bool hasNan(const double* x, int p)
+{
+    return std::any_of(x, x + p, [](double value) { return std::isnan(value); });
+}
+
+void gather(const double* const* from, int columns, int p, AlignedRows& to)
+{
+    for (int i = 0; i < p; ++i)
+        for (int j = 0; j < columns; ++j)
+            to[j][i] = from[i][j];
+}
+
+void scatter(const AlignedRows& from, int columns, int p, double** to)
+{
+    for (int i = 0; i < p; ++i)
+        for (int j = 0; j < columns; ++j)
+            to[i][j] = from[j][i];
+}
+
+void fillWithNan(double** matrix, int columns, int p)
+{
+    for (int i = 0; i < p; ++i)
+        std::fill_n(matrix[i], columns, std::numeric_limits<double>::quiet_NaN());
+}
+
+} // namespace
+
+RotationSweeps::RotationSweeps(double** l, double** b, int m, int p, int method)
+    : m_givenL(l)
+    , m_givenB(b)
+    , m_factors(m)
+    , m_variables(p)
+    , m_method(method)
+    , m_l(m + 1, p)
+    , m_b(m, p)
+    , m_work(3, p)
+{
+    if (isNull()) {
+        fillWithNan(l, m, p);
+        fillWithNan(b, m, p);
+        return;
+    }
+    gather(l, m + 1, p, m_l);
+    gather(b, m, p, m_b);
+}
+
+void RotationSweeps::putBack()
+{
+    scatter(m_l, m_factors, m_variables, m_givenL);
+    scatter(m_b, m_factors, m_variables, m_givenB);
+}
+
+double RotationSweeps::total() const
+{
+    double sum = 0.0;
+    for (int j = 0; j < m_factors; ++j)
+        sum += criterionOf(j);
+    return sum;
+}
+
+bool RotationSweeps::isBetter(double criterion, double other) const
+{
+    if (m_method == VarimaxRotation)
+        return criterion > other;
+    return m_method == PelmoraRotation && criterion < other;
+}
+
+/// Nothing for a pair without a usable angle, which stays as it stands. NaN in the loadings is
+/// another matter: it spreads.
+std::optional<ColumnTurn> RotationSweeps::turnBy(double angle, int j, int k) const
+{
+    if (std::isnan(angle) && !hasNan(m_l[j], m_variables) && !hasNan(m_l[k], m_variables))
+        return {};
+    return ColumnTurn{std::sin(angle), std::cos(angle)};
+}
+
+std::optional<ColumnTurn> RotationSweeps::nearestTurn(const PairSums& sums, int j, int k) const
+{
+    return turnBy(nearestAngle(sums, m_variables), j, k);
+}
+
+double RotationSweeps::criterionOf(int j) const
+{
+    return columnCriteria(m_l[j], m_l[j], m_variables).x;
+}
+
+double RotationSweeps::trialOf(ColumnTurn turn, int j, int k)
+{
+    return turnColumnsInto(m_l[j], m_l[k], m_variables, turn, m_work[0], m_work[1]).sum();
+}
+
+/// The angle not taken is never looked at: one of the two is the maximum, the other the minimum.
+std::optional<ColumnTurn> RotationSweeps::methodAwareTurn(int j, int k)
+{
+    PairSums sums;
+    const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
+    const auto [angle1, angle2] = pairAngles(sums, m_variables);
+    const std::optional<ColumnTurn> first = turnBy(angle1, j, k);
+    if (first && isBetter(current, trialOf(*first, j, k)))
+        return turnBy(angle2, j, k);
+    return first;
+}
+
+std::optional<ColumnTurn> RotationSweeps::improvingTurn(int j, int k)
+{
+    PairSums sums;
+    const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
+    const auto [angle1, angle2] = pairAngles(sums, m_variables);
+    for (double angle : {angle1, angle2}) {
+        const std::optional<ColumnTurn> candidate = turnBy(angle, j, k);
+        if (candidate && isBetter(trialOf(*candidate, j, k), current))
+            return candidate;
+    }
+    return {};
+}
+
+void RotationSweeps::turn(int j, int k, ColumnTurn by)
+{
+    turnColumns(m_l[j], m_l[k], m_variables, by);
+    turnColumns(m_b[j], m_b[k], m_variables, by);
+}
+
+double RotationSweeps::methodAwareSweep()
+{
+    double criterion = 0.0;
+    for (int j = 0; j < m_factors - 1; ++j) {
+        for (int k = j + 1; k < m_factors; ++k)
+            if (const auto best = methodAwareTurn(j, k))
+                turn(j, k, *best);
+        criterion += criterionOf(j);
+    }
+    return criterion + criterionOf(m_factors);
+}
+
+void RotationSweeps::improvingSweep()
+{
+    for (int j = 0; j < m_factors - 1; ++j)
+        for (int k = j + 1; k < m_factors; ++k)
+            if (const auto best = improvingTurn(j, k))
+                turn(j, k, *best);
+}
+
+void RotationSweeps::turnToNearest(int j, int k)
+{
+    if (const auto nearest = nearestTurn(pairSums(m_l[j], m_l[k], m_variables), j, k))
+        turn(j, k, *nearest);
+}
+
+/// Turns pair (j, k) and, unless it is too early for it, pair (j + 1, k - 1), whose sums are given.
+/// Leaves the sums of the next pairs (j, k + 1) and (j + 1, k). After the last column comes one of
+/// zeros.
+void RotationSweeps::advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums)
+{
+    const int p = m_variables;
+    const auto first = nearestTurn(sums, j, k);
+    const auto second = otherSums ? nearestTurn(*otherSums, j + 1, k - 1) : std::nullopt;
+    const TwoPairs pairs{m_l[j], m_l[k], m_l[j + 1], m_l[k - 1],
+                         k + 1 < m_factors ? m_l[k + 1] : m_work[2]};
+    if (first && second) {
+        turnTwoPairs(pairs, p, *first, *second, sums, *otherSums);
+        turnColumns(m_b[j], m_b[k], p, *first);
+        turnColumns(m_b[j + 1], m_b[k - 1], p, *second);
+        return;
+    }
+    if (first)
+        turn(j, k, *first);
+    if (second)
+        turn(j + 1, k - 1, *second);
+    sumTwoPairs(pairs, p, sums, otherSums.emplace());
+}
+
+void RotationSweeps::refineTwoFactors(int j)
+{
+    turnToNearest(j, j + 1);
+    PairSums sums = pairSums(m_l[j], m_l[j + 2], m_variables);
+    std::optional<PairSums> otherSums;
+    for (int k = j + 2; k < m_factors; ++k)
+        advance(j, k, sums, otherSums);
+    if (const auto last = nearestTurn(*otherSums, j + 1, m_factors - 1))
+        turn(j + 1, m_factors - 1, *last);
+}
+
+double RotationSweeps::plainSweep()
+{
+    double criterion = 0.0;
+    int j = 0;
+    for (; j + 2 < m_factors; j += 2) {
+        refineTwoFactors(j);
+        const Criteria criteria = columnCriteria(m_l[j], m_l[j + 1], m_variables);
+        criterion += criteria.x;
+        criterion += criteria.y;
+    }
+    if (j + 1 < m_factors) {
+        turnToNearest(j, j + 1);
+        criterion += criterionOf(j);
+    }
+    return criterion + criterionOf(m_factors);
+}
+
+} // namespace pelmora

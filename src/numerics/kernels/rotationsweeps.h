@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/kernels/alignedrows.h"
+#include "numerics/kernels/rotationkernels.h"
+
+#include <optional>
+
+namespace pelmora {
+
+/// The sweeps of a rotation over copies of its matrices whose columns are contiguous.
+class RotationSweeps
+{
+public:
+    /// Arguments as for rotate(). isNull() tells a failed allocation (already reported); the
+    /// rotated columns of both matrices are then NaN.
+    RotationSweeps(double** l, double** b, int m, int p, int method);
+
+    bool isNull() const { return m_l.isNull() || m_b.isNull() || m_work.isNull(); }
+
+    double methodAwareSweep();
+    double plainSweep();
+
+    /// As methodAwareSweep(), but a pair that neither angle improves stays as it stands.
+    void improvingSweep();
+
+    /// The criterion of all rotated columns.
+    double total() const;
+    bool isBetter(double criterion, double other) const;
+
+    /// Writes the rotated columns back into the matrices.
+    void putBack();
+
+private:
+    std::optional<ColumnTurn> turnBy(double angle, int j, int k) const;
+    std::optional<ColumnTurn> nearestTurn(const PairSums& sums, int j, int k) const;
+    std::optional<ColumnTurn> methodAwareTurn(int j, int k);
+    std::optional<ColumnTurn> improvingTurn(int j, int k);
+    double criterionOf(int j) const;
+    double trialOf(ColumnTurn turn, int j, int k);
+    void turn(int j, int k, ColumnTurn by);
+    void turnToNearest(int j, int k);
+    void refineTwoFactors(int j);
+    void advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums);
+
+    double** m_givenL;
+    double** m_givenB;
+    const int m_factors;
+    const int m_variables;
+    const int m_method;
+    AlignedRows m_l;
+    AlignedRows m_b;
+    AlignedRows m_work; // two columns for a trial, and one of zeros
+};
+
+} // namespace pelmora

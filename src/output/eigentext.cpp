@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "output/eigentext.h"
+
+#include "numerics/initialfactors.h"
+#include "output/numbertext.h"
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+
+namespace {
+
+std::string number(double x, unsigned decimals)
+{
+    return numbertext::fixed(x, decimals).toStdString();
+}
+
+/// A double quote inside a name would end it for the reading program, so it becomes a single one.
+std::string quoted(std::string name)
+{
+    std::replace(name.begin(), name.end(), '"', '\'');
+    return '"' + name + '"';
+}
+
+} // namespace
+
+void writeEigenvalues(std::ostream& out, const pelmora::Vector& eigenvalues, unsigned decimals)
+{
+    const int n = eigenvalues.size();
+    pelmora::Vector variance(n);
+    pelmora::Vector cumulative(n);
+    pelmora::explained_variance(eigenvalues.data(), n, variance.data(), cumulative.data());
+
+    out << "Factor\tEigenvalue\tVariance\tCumulative\n";
+    for (int j = 0; j < n; ++j)
+        out << j + 1 << '\t' << number(eigenvalues[j], decimals) << '\t'
+            << number(variance[j], decimals) << '\t' << number(cumulative[j], decimals) << '\n';
+}
+
+void writeFactorMatrix(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names,
+                       unsigned decimals)
+{
+    out << "Variable";
+    for (int j = 0; j < values.columns(); ++j)
+        out << "\tF" << j + 1;
+    out << '\n';
+    for (int i = 0; i < values.rows(); ++i) {
+        out << quoted(names[static_cast<std::size_t>(i)]);
+        for (int j = 0; j < values.columns(); ++j)
+            out << '\t' << number(values[i][j], decimals);
+        out << '\n';
+    }
+}

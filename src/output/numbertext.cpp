@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "output/numbertext.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace numbertext {
+
+namespace {
+
+constexpr std::array<double, 10> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+unsigned capped(unsigned decimals)
+{
+    return std::min(decimals, 9U);
+}
+
+} // namespace
+
+double rounded(double x, unsigned decimals)
+{
+    const double factor = powersOfTen[capped(decimals)];
+    return std::floor(x * factor + 0.5) / factor;
+}
+
+QString fixed(double x, unsigned decimals)
+{
+    return QString::number(rounded(x, decimals), 'f', static_cast<int>(capped(decimals)));
+}
+
+std::string general(double x)
+{
+    return QByteArray::number(x, 'g', 6).toStdString();
+}
+
+std::string shortest(double x)
+{
+    // The toolkit drops the sign of minus zero.
+    if (x == 0.0 && std::signbit(x))
+        return "-0";
+    return QString::number(x, 'f', QLocale::FloatingPointShortest).toStdString();
+}
+
+std::string rightAligned(const std::string& text, std::size_t width)
+{
+    const std::size_t padding = width > text.size() ? width - text.size() : 0;
+    return std::string(padding, ' ') + text;
+}
+
+} // namespace numbertext
