@@ -6,7 +6,7 @@ set(application_id example.pelmora.Pelmora)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(pelmora_datadir ${CMAKE_INSTALL_DATADIR}/pelmora)
 
-install(TARGETS pelmora RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS pelmora pelmora-batch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 install(FILES ${packaging}/${application_id}.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

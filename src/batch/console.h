@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// What all commands share: how they end and how they speak.
+namespace batch {
+
+/// A command that meets several faults ends with the largest.
+enum ExitCode : int {
+    Success = 0,
+    InputRefused = 1,
+    WrongUsage = 2,
+    CannotWrite = 3,
+    NotFinite = 4 ///< a number asked for is not finite, or the eigenvalues did not converge
+};
+
+/// "pelmora-batch 1.0" and a line end.
+QString versionLine();
+
+/// Tells one line "FILE: TEXT" on standard error.
+void tell(const QString& file, const QString& text);
+
+/// Tells what is wrong with the arguments of @p command (empty: of the program) and where help is.
+/// @returns WrongUsage
+int refuseUsage(const QString& command, const QString& text);
+
+/// Writes @p bytes to standard output, to the last one; a failure is told. An ExitCode.
+int writeToStandardOutput(const QByteArray& bytes);
+
+/// The same for text, as UTF-8.
+int print(const QString& text);
+
+} // namespace batch
