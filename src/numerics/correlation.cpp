@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: MIT
 
 // The sums of all pairs, arranged for the cache and for vectors. Blocks of cases are centred and
-// packed into panels of eight variables, case after case; a tile of sums, two or four variables
-// against eight, stays in registers while it runs through a block. Every sum still takes its cases
-// in their order. The sum of a pair is the same in both triangles, only the division differs, and
-// the sum of a variable with itself is what its variance divides.
+// packed into panels of eight variables, case after case, whose products are added tile by tile.
+// Every sum still takes its cases in their order. The sum of a pair is the same in both triangles,
+// only the division differs, and the sum of a variable with itself is what its variance divides.
 
 #include "numerics/correlation.h"
 
 #include "numerics/kernels/alignedrows.h"
 #include "numerics/kernels/lanes.h"
+#include "numerics/kernels/productpanels.h"
 #include "numerics/memory.h"
 #include "numerics/owners.h"
 
@@ -21,8 +21,8 @@ namespace pelmora {
 
 namespace {
 
-constexpr int panelWidth = 8;
-constexpr int casesPerBlock = 128;
+using productpanels::casesPerBlock;
+constexpr int panelWidth = productpanels::width;
 
 struct RawData
 {
@@ -109,55 +109,16 @@ void packRows(const RawData& data, const double* mean, int firstCase, int count,
     }
 }
 
-/// Adds the products of some variables with the eight of another panel to their sums.
-template <typename Lanes>
-PELMORA_ALWAYS_INLINE void addTile(const double* some, const double* eight, int count, double* sums,
-                                   std::ptrdiff_t stride)
-{
-    constexpr int height = laneCount<Lanes>;
-    constexpr int width = panelWidth / laneCount<Lanes>;
-    Lanes tile[height][width];
-    for (int r = 0; r < height; ++r)
-        for (int v = 0; v < width; ++v)
-            tile[r][v] = lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values;
-    for (int i = 0; i < count; ++i) {
-        Lanes values[width];
-        for (int v = 0; v < width; ++v)
-            values[v] = lanesAt<Lanes>(eight + i * panelWidth + v * laneCount<Lanes>).values;
-        for (int r = 0; r < height; ++r)
-            for (int v = 0; v < width; ++v)
-                tile[r][v] += some[i * panelWidth + r] * values[v];
-    }
-    for (int r = 0; r < height; ++r)
-        for (int v = 0; v < width; ++v)
-            lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values = tile[r][v];
-}
-
-/// Adds a block of cases to the sums of all pairs on and above the diagonal.
-struct AddBlock
-{
-    template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(AlignedRows& panels, int panelCount, int count,
-                                          AlignedRows& sums)
-    {
-        for (int j = 0; j < panelCount; ++j)
-            for (int k = j; k < panelCount; ++k)
-                for (int r = 0; r < panelWidth; r += laneCount<Lanes>)
-                    addTile<Lanes>(panels[j] + r, panels[k], count,
-                                   sums[j * panelWidth + r] + k * panelWidth, sums.stride());
-    }
-};
-
 void sumProducts(const RawData& data, const double* mean, AlignedRows& panels, AlignedRows& sums)
 {
-    const int panelCount = AlignedRows::padded(data.variables) / panelWidth;
+    const int panelCount = productpanels::countFor(data.variables);
     for (int first = 0; first < data.cases; first += casesPerBlock) {
         const int count = std::min(casesPerBlock, data.cases - first);
         if (data.rowWise)
             packRows(data, mean, first, count, panels);
         else
             runKernel<PackColumns>(data, mean, first, count, panels);
-        runKernel<AddBlock>(panels, panelCount, count, sums);
+        productpanels::addProducts(panels, panelCount, count, sums);
     }
 }
 
@@ -206,7 +167,7 @@ double** correlate(double** x, int nrows, int ncols, int flag)
     Vector deviation(p);
     if (mean.isNull() || deviation.isNull())
         return nullptr;
-    AlignedRows panels(AlignedRows::padded(p) / panelWidth, casesPerBlock * panelWidth);
+    AlignedRows panels = productpanels::make(p);
     AlignedRows sums(AlignedRows::padded(p), p);
     if (panels.isNull() || sums.isNull())
         return nullptr;
