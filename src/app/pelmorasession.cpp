@@ -5,8 +5,7 @@
 
 #include "app/pcaform.h"
 #include "app/sessiontabwidget.h"
-#include "input/asciicorrreader.h"
-#include "input/asciidatareader.h"
+#include "input/loading.h"
 #include "input/namedmatrix.h"
 #include "minimalpairs/minimalpairfinder.h"
 #include "minimalpairs/minimalpairform.h"
@@ -19,7 +18,6 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QUrl>
 
 #include <stdexcept>
@@ -31,15 +29,6 @@ struct PelmoraSession::RotationPage
     FactorKind kind;
     const char* tabTitle;
 };
-
-namespace {
-
-void showLoadError(const QString& text)
-{
-    QMessageBox::information(nullptr, PelmoraSession::tr("Error"), text);
-}
-
-} // namespace
 
 PelmoraSession::PelmoraSession(QObject* parent) : SessionFace(parent) {}
 
@@ -61,40 +50,13 @@ void PelmoraSession::attachTabWidget(SessionTabWidget* pages)
 bool PelmoraSession::loadDataMatrix(const QString& path)
 {
     m_dataFile = path;
-    AsciiDataReader reader(path, this);
-    if (!reader.readFile() || !reader.checkConsistency())
-        return false;
-    if (!m_data.allocate(reader.lineCount(), reader.columnCount())) {
-        showLoadError(tr("Not enough memory for loading matrix."));
-        return false;
-    }
-    if (!reader.getData(m_data)) {
-        showLoadError(tr("Error in data matrix."));
-        return false;
-    }
-    return true;
+    return ::loadDataMatrix(path, m_data);
 }
 
 bool PelmoraSession::loadCorrelationMatrix(const QString& path)
 {
     m_correlationFile = path;
-    AsciiCorrReader reader(path, this);
-    if (!reader.read() || !reader.checkConsistency())
-        return false;
-    if (!m_correlations.allocate(reader.lineCount(), reader.lineCount())) {
-        showLoadError(tr("Not enough memory for loading matrix."));
-        return false;
-    }
-    if (!reader.getData(m_correlations)) {
-        showLoadError(tr("Error in correlation matrix."));
-        return false;
-    }
-    if (!m_correlations.testSymmetry()) {
-        showLoadError(
-            tr("Correlation matrix is not symmetric! %1").arg(m_correlations.asymmetry()));
-        return false;
-    }
-    return true;
+    return ::loadCorrelationMatrix(path, m_correlations);
 }
 
 const AsciiData& PelmoraSession::currentMatrix() const

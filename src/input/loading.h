@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+class AsciiData;
+class CorrelationData;
+
+/// Files of input in one step. False after the fault has been reported to the report of
+/// input/readerreport.h, or without a word where the file cannot be opened.
+bool loadDataMatrix(const QString& path, AsciiData& data);
+bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations);
