@@ -106,6 +106,7 @@ Factors extractFactors(const Decomposition& decomposition, int m, int method,
     result.loadings = firstColumns(loadings, m);
     if (!standardised.isNull())
         result.scores = factorScores(standardised, rowWise, coefficients);
+    result.coefficients = std::move(coefficients);
     return result;
 }
 

@@ -33,11 +33,12 @@ struct Decomposition
 /// Decomposes a p x p correlation matrix. Null after a reported allocation failure.
 Decomposition decompose(const Matrix& correlations);
 
-/// Loadings and, for raw data, scores of the first factors.
+/// Loadings, score coefficients and, for raw data, scores of the first factors.
 struct Factors
 {
-    Matrix loadings; ///< p x m
-    Matrix scores;   ///< cases x m; null without raw data
+    Matrix loadings;     ///< p x m
+    Matrix coefficients; ///< p x m
+    Matrix scores;       ///< cases x m; null without raw data
     bool isNull() const { return loadings.isNull(); }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+#include "numerics/standardisation.h"
 #include "numericstest.h"
 #include "plain/numerics.h"
 
@@ -44,11 +45,18 @@ void TestCorrelation::equalsThePlainFormToTheBit()
         for (int i = 0; i < rows; ++i)
             x[i][1] = 0.5; // a variable without variance gives NaN
     Matrix plainX = x.clone();
+    Matrix rebuilt = x.clone();
+    const auto [means, deviations] = standardisation(x, flag == 1);
     const Matrix r = correlationsOf(x, flag);
     const Matrix plainR = Matrix::adopt(plain::correlate(plainX.rowPointers(), rows, columns, flag),
                                         r.rows(), r.columns());
     QVERIFY(sameBits(r, plainR));
     QVERIFY(sameBits(x, plainX));
+    for (int i = 0; i < rows; ++i)
+        for (int j = 0; j < columns; ++j)
+            rebuilt[i][j] =
+                (rebuilt[i][j] - means[flag == 1 ? i : j]) * (1.0 / deviations[flag == 1 ? i : j]);
+    QVERIFY(sameBits(x, rebuilt));
 }
 
 void TestCorrelation::rowWiseMeansDivideByTheNumberOfVariables()
