@@ -160,3 +160,12 @@ void fitRowHeights(QTableView* view)
         header->resizeSection(row,
                               std::max(header->sectionSize(row), header->sectionSizeHint(row)));
 }
+
+void setLowRows(QTableView* view)
+{
+    QHeaderView* header = view->verticalHeader();
+    const QAbstractItemView& cells = *view; // there the hint is public
+    if (header->count() > 0)
+        header->setDefaultSectionSize(
+            std::max(cells.sizeHintForRow(0), header->sectionSizeHint(0)));
+}

@@ -10,6 +10,7 @@
 #include "views/dialogvarnames.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
+#include "views/shadedelegate.h"
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
 
@@ -21,6 +22,13 @@
 #include <fstream>
 
 namespace {
+
+/// The choice of the page that was asked last, for the pages made after it.
+bool& lastShading()
+{
+    static bool shading = true;
+    return shading;
+}
 
 /// False when not everything has reached the file.
 bool writeAndClose(std::ofstream& file, const CorrelationData& correlations)
@@ -42,11 +50,15 @@ CorrForm::CorrForm(SessionFace* session, QWidget* tabWidget)
     , m_ui(std::make_unique<Ui::CorrForm>())
     , m_session(session)
     , m_model(new NumberTableModel(this))
+    , m_shades(new ShadeDelegate(*m_model, this))
 {
     m_ui->setupUi(this);
     const auto name = [this](int variable) { return m_names.value(variable); };
     m_model->setHeaders(name, name);
     m_ui->tableCorrelations->setModel(m_model);
+    m_ui->tableCorrelations->setItemDelegate(m_shades);
+    m_ui->checkBoxShade->setChecked(lastShading());
+    m_shades->setShading(lastShading());
     installNameHeaders(m_ui->tableCorrelations);
     installTableCopy(m_ui->tableCorrelations);
     connect(session, &SessionFace::variableNamesChanged, this, &CorrForm::on_variableNamesChanged);
@@ -84,7 +96,15 @@ void CorrForm::showNames(const QVector<QString>& names)
 {
     m_names = names;
     m_model->headersChanged();
-    fitToNames(m_ui->tableCorrelations, *m_model);
+    fitToNumbers(m_ui->tableCorrelations, *m_model);
+    setLowRows(m_ui->tableCorrelations);
+}
+
+void CorrForm::on_checkBoxShade_toggled(bool checked)
+{
+    lastShading() = checked;
+    m_shades->setShading(checked);
+    m_ui->tableCorrelations->viewport()->update();
 }
 
 void CorrForm::on_pushButtonEditNames_clicked()

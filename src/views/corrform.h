@@ -13,6 +13,7 @@
 
 class CorrelationData;
 class NumberTableModel;
+class ShadeDelegate;
 
 namespace Ui {
 class CorrForm;
@@ -34,6 +35,7 @@ public slots:
     void on_variableNamesChanged(QVector<QString> const& names);
 
 private slots:
+    void on_checkBoxShade_toggled(bool checked);
     void on_pushButtonEditNames_clicked();
     void on_pushButtonSave_clicked();
 
@@ -47,4 +49,5 @@ private:
     const CorrelationData* m_correlations = nullptr;
     QVector<QString> m_names;
     NumberTableModel* m_model;
+    ShadeDelegate* m_shades;
 };

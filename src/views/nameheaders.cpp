@@ -7,6 +7,7 @@
 #include "views/plaintooltip.h"
 
 #include <QHelpEvent>
+#include <QPainter>
 #include <QStyleOptionHeader>
 #include <QTableView>
 #include <QToolTip>
@@ -19,10 +20,47 @@ NameHeader::NameHeader(Qt::Orientation orientation, QWidget* parent)
     setHighlightSections(false);
 }
 
+void NameHeader::setTurned(bool turned)
+{
+    m_turned = turned;
+    if (count() > 0)
+        headerDataChanged(orientation(), 0, count() - 1); // the size is another one
+}
+
+bool NameHeader::hasRoomForLevelLabels() const
+{
+    for (int section = 0; section < count(); ++section)
+        if (QHeaderView::sectionSizeFromContents(section).width() > sectionSize(section))
+            return false;
+    return true;
+}
+
 void NameHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
 {
     QHeaderView::initStyleOptionForIndex(option, section);
-    option->text = shownLabel(section);
+    option->text = m_turned ? QString() : shownLabel(section);
+}
+
+void NameHeader::paintSection(QPainter* painter, const QRect& rect, int section) const
+{
+    painter->save();
+    QHeaderView::paintSection(painter, rect, section);
+    painter->restore(); // styles leave a clip behind
+    if (!m_turned)
+        return;
+    painter->save();
+    painter->translate(rect.x(), rect.y() + rect.height());
+    painter->rotate(-90);
+    const QRect turned(margins() / 2, 0, rect.height() - margins(), rect.width());
+    style()->drawItemText(painter, turned, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                          shownLabel(section), QPalette::ButtonText);
+    painter->restore();
+}
+
+QSize NameHeader::sectionSizeFromContents(int section) const
+{
+    const QSize level = QHeaderView::sectionSizeFromContents(section);
+    return m_turned ? level.transposed() : level;
 }
 
 bool NameHeader::viewportEvent(QEvent* event)
@@ -41,13 +79,19 @@ QString NameHeader::label(int section) const
     return model() ? model()->headerData(section, orientation()).toString() : QString();
 }
 
+int NameHeader::margins() const
+{
+    return 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+}
+
 QString NameHeader::shownLabel(int section) const
 {
-    const int margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
-    const int width = orientation() == Qt::Horizontal ? sectionSize(section) : viewport()->width();
+    const int width = m_turned                          ? viewport()->height()
+                      : orientation() == Qt::Horizontal ? sectionSize(section)
+                                                        : viewport()->width();
     QStringList lines = label(section).split(u'\n');
     for (QString& line : lines)
-        line = fontMetrics().elidedText(line, Qt::ElideRight, width - margin);
+        line = fontMetrics().elidedText(line, Qt::ElideRight, width - margins());
     return lines.join(u'\n');
 }
 
@@ -62,6 +106,7 @@ void installNameHeaders(QTableView* view)
     view->setHorizontalHeader(new NameHeader(Qt::Horizontal, view));
     view->setVerticalHeader(new NameHeader(Qt::Vertical, view));
     view->horizontalHeader()->setMaximumSectionSize(widest);
+    view->horizontalHeader()->setMaximumHeight(widest * 3 / 4);
     view->verticalHeader()->setMaximumWidth(widest);
 }
 
@@ -69,5 +114,14 @@ void fitToNames(QTableView* view, const NumberTableModel& model)
 {
     fitColumnWidths(view, model);
     // A wider vertical header may call for a scroll bar.
+    view->doItemsLayout();
+}
+
+void fitToNumbers(QTableView* view, const NumberTableModel& model)
+{
+    auto* header = qobject_cast<NameHeader*>(view->horizontalHeader());
+    header->setTurned(true);
+    fitColumnWidths(view, model);
+    header->setTurned(!header->hasRoomForLevelLabels());
     view->doItemsLayout();
 }

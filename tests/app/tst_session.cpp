@@ -8,6 +8,7 @@
 #include <QAbstractItemModel>
 #include <QLabel>
 #include <QPointer>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableView>
 
@@ -56,6 +57,7 @@ class TestSession : public AppTest
 private slots:
     void aSessionNeedsAFileAndATabWidget();
     void samplesGiveTheReferences();
+    void twentyFourTestsFitTheWindow();
     void scoresHaveUnitVariance();
     void pagesComeInOrder();
     void everyPageShowsItsOwnKind();
@@ -98,6 +100,19 @@ void TestSession::samplesGiveTheReferences()
         QVERIFY(largestDifference(result.loadings, loadings) < 1e-6);
         emit sessions()->tabCloseRequested(0);
     }
+}
+
+void TestSession::twentyFourTestsFitTheWindow()
+{
+    m_window->show();
+    read("actionCorrASCII", sample("harman-24-psychological-tests.cor"));
+    QCoreApplication::processEvents();
+    const int lowRow = find<QTableView>("tableWidgetEigenwerte")->rowHeight(0);
+    pages()->setCurrentIndex(0);
+    QCoreApplication::processEvents();
+    const auto* table = find<QTableView>("tableCorrelations");
+    QCOMPARE(table->horizontalScrollBar()->maximum(), 0);
+    QCOMPARE(table->rowHeight(0), lowRow);
 }
 
 void TestSession::scoresHaveUnitVariance()
