@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "output/filewriter.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <array>
+#include <new>
+#include <ostream>
+#include <streambuf>
+
+namespace {
+
+/// Takes a stream's bytes to a device in large pieces.
+class DeviceBuffer : public std::streambuf
+{
+public:
+    explicit DeviceBuffer(QFileDevice& device) : m_device(device)
+    {
+        setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
+    }
+
+protected:
+    int_type overflow(int_type byte) override
+    {
+        if (sync() != 0)
+            return traits_type::eof();
+        if (!traits_type::eq_int_type(byte, traits_type::eof()))
+            sputc(traits_type::to_char_type(byte));
+        return traits_type::not_eof(byte);
+    }
+
+    int sync() override
+    {
+        // The device takes fewer bytes than it is given where its room ends, and tells why only
+        // when it is asked to take the rest.
+        for (const char* next = pbase(); next < pptr();) {
+            const qint64 taken = m_device.write(next, pptr() - next);
+            if (taken <= 0)
+                return -1;
+            next += taken;
+        }
+        setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
+        return 0;
+    }
+
+private:
+    QFileDevice& m_device;
+    std::array<char, 1 << 16> m_bytes;
+};
+
+/// Whether another file may take the place of @p path. What a process has open stands below /proc,
+/// its standard output for instance, and would stay with the old file.
+bool isReplaceable(const QString& path)
+{
+    constexpr int longestChain = 40;
+    QFileInfo file(path);
+    for (int i = 0; i < longestChain; ++i) {
+        if (file.absoluteDir().canonicalPath().startsWith(QLatin1String("/proc/")))
+            return false;
+        if (!file.isSymLink())
+            break;
+        file.setFile(file.symLinkTarget());
+    }
+    // The name of the second file is longer by seven characters.
+    constexpr int longestName = 255 - 7;
+    return (!file.exists() || file.isFile()) &&
+           QFile::encodeName(file.fileName()).size() <= longestName;
+}
+
+/// Opens an existing file without a change to it: not everybody who may replace a file may write to
+/// it, and the system's own words for that are wanted.
+bool isWritable(QFile& file)
+{
+    const bool opened = file.open(QIODevice::Append | QIODevice::ExistingOnly);
+    file.close();
+    return opened;
+}
+
+std::optional<WriteFailure> fill(QFileDevice& device, const QString& path,
+                                 const std::function<void(std::ostream&)>& write)
+{
+    using Step = WriteFailure::Step;
+    DeviceBuffer buffer(device);
+    std::ostream stream(&buffer);
+    try {
+        stream.exceptions(std::ios_base::failbit | std::ios_base::badbit);
+        write(stream);
+        stream.flush();
+    } catch (const std::ios_base::failure&) {
+        return WriteFailure{Step::Writing, path, device.errorString()};
+    } catch (const std::bad_alloc&) {
+        return WriteFailure{Step::Content, path,
+                            QCoreApplication::translate("FileWriter", "Not enough memory.")};
+    } catch (const std::exception& failure) {
+        return WriteFailure{Step::Content, path, QString::fromLocal8Bit(failure.what())};
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+QString WriteFailure::text() const
+{
+    return QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), reason);
+}
+
+std::optional<WriteFailure>
+writeFile(const QString& path, const std::function<void(std::ostream&)>& write, LineEnds lineEnds)
+{
+    using Step = WriteFailure::Step;
+    QFile straight(path);
+    QSaveFile second(path);
+    second.setDirectWriteFallback(true);
+    const bool replaces = isReplaceable(path);
+    if (replaces && QFileInfo::exists(path) && !isWritable(straight))
+        return WriteFailure{Step::Opening, path, straight.errorString()};
+
+    QFileDevice& device = replaces ? static_cast<QFileDevice&>(second) : straight;
+    QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+    mode.setFlag(QIODevice::Text, lineEnds == LineEnds::OfThePlatform);
+    if (!device.open(mode))
+        return WriteFailure{Step::Opening, path, device.errorString()};
+    if (auto failure = fill(device, path, write)) {
+        second.cancelWriting();
+        return failure;
+    }
+    // A full disk is often met only now.
+    if (replaces)
+        second.commit();
+    else
+        straight.close();
+    if (device.error() != QFileDevice::NoError)
+        return WriteFailure{Step::Writing, path, device.errorString()};
+    return std::nullopt;
+}

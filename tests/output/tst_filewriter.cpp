@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "output/filewriter.h"
+#include "support/fullfiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <fcntl.h>
+#include <ostream>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+void writeNew(std::ostream& out)
+{
+    out << "new\n";
+}
+
+void writeMuch(std::ostream& out)
+{
+    out << std::string(300000, 'x') << '\n';
+}
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+/// For root every folder takes a second file, so the process becomes nobody for a while.
+class OrdinaryUser
+{
+public:
+    OrdinaryUser() : m_isRoot(geteuid() == 0 && seteuid(65534) == 0) {}
+    ~OrdinaryUser()
+    {
+        if (m_isRoot && seteuid(0) != 0)
+            qFatal("Cannot become root again");
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+    bool m_isRoot;
+};
+
+} // namespace
+
+class TestFileWriter : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_old; ///< a file that reads "old\n"
+
+    QString place(const QString& name) const { return m_folder->filePath(name); }
+    QStringList names() const
+    {
+        return QDir(m_folder->path())
+            .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+private slots:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_old = place("old.dat");
+        QFile file(m_old);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old\n") == 4);
+    }
+
+    void theNewFileTakesTheOldOnesPlace()
+    {
+        QVERIFY(QFile::setPermissions(m_old, QFile::ReadOwner | QFile::WriteOwner));
+        const auto permissions = QFile::permissions(m_old);
+        QVERIFY(!writeFile(m_old, writeNew));
+        QCOMPARE(contents(m_old), "new\n");
+        QCOMPARE(QFile::permissions(m_old), permissions);
+        QVERIFY(!writeFile(place("other.dat"), writeMuch));
+        QCOMPARE(contents(place("other.dat")).size(), 300001);
+        QVERIFY(!writeFile(place(QString(250, 'n')), writeNew)); // no longer name has room
+        QCOMPARE(names().size(), 3);
+    }
+
+    void aFailureLeavesTheOldFile_data()
+    {
+        using Write = std::function<void(std::ostream&)>;
+        QTest::addColumn<Write>("write");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QString>("reason");
+        const auto addRow = [](const char* name, const Write& write, WriteFailure::Step step,
+                               const char* reason) {
+            QTest::newRow(name) << write << int(step) << reason;
+        };
+        using Step = WriteFailure::Step;
+        addRow("full while writing", writeMuch, Step::Writing, "File too large");
+        addRow(
+            "full at the end", [](std::ostream& out) { out << std::string(2000, 'x'); },
+            Step::Writing, "File too large");
+        addRow(
+            "no content", [](std::ostream&) { throw std::runtime_error("no numbers"); },
+            Step::Content, "no numbers");
+        addRow(
+            "no memory", [](std::ostream&) { throw std::bad_alloc(); }, Step::Content,
+            "Not enough memory.");
+    }
+
+    void aFailureLeavesTheOldFile()
+    {
+        QFETCH(std::function<void(std::ostream&)>, write);
+        QFETCH(int, step);
+        QFETCH(QString, reason);
+        for (const QString& path : {m_old, place("other.dat")}) {
+            const FullFiles limit(1000);
+            const auto failure = writeFile(path, write);
+            QVERIFY(failure);
+            QCOMPARE(int(failure->step), step);
+            QCOMPARE(failure->text(), path + ": " + reason);
+        }
+        QCOMPARE(contents(m_old), "old\n");
+        QCOMPARE(names(), QStringList("old.dat"));
+    }
+
+    void whatCannotBeOpenedIsToldInTheSystemsWords()
+    {
+        for (const auto& [path, reason] :
+             {std::pair(place("no/file.dat"), "No such file or directory"),
+              {m_folder->path(), "Is a directory"}}) {
+            const auto failure = writeFile(path, writeNew);
+            QVERIFY(failure && failure->step == WriteFailure::Step::Opening);
+            QCOMPARE(failure->reason, reason);
+        }
+        QVERIFY(QFile::setPermissions(m_old, QFile::Permissions(0x4444)));
+        QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7777)));
+        const OrdinaryUser user;
+        const auto failure = writeFile(m_old, writeNew);
+        QVERIFY(failure && failure->step == WriteFailure::Step::Opening);
+        QCOMPARE(failure->reason, "Permission denied");
+        QCOMPARE(contents(m_old), "old\n");
+    }
+
+    void aFolderThatTakesNoSecondFile()
+    {
+        QVERIFY(QFile::setPermissions(m_old, QFile::Permissions(0x6666)));
+        QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x5555)));
+        {
+            const OrdinaryUser user;
+            QVERIFY(!writeFile(m_old, writeNew));
+            QVERIFY(writeFile(place("other.dat"), writeNew));
+        }
+        QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7700)));
+        QCOMPARE(contents(m_old), "new\n");
+    }
+
+    void linksStayAndTheirTargetsAreWritten()
+    {
+        QVERIFY(QFile::link("old.dat", place("link.dat")));
+        QVERIFY(QFile::link("link.dat", place("second link.dat")));
+        QVERIFY(QFile::link("not yet.dat", place("dangling.dat")));
+        QVERIFY(!writeFile(place("second link.dat"), writeNew));
+        QVERIFY(!writeFile(place("dangling.dat"), writeNew));
+        for (const char* name : {"link.dat", "second link.dat", "dangling.dat"})
+            QVERIFY2(QFileInfo(place(name)).isSymLink(), name);
+        QCOMPARE(contents(m_old), "new\n");
+        QCOMPARE(contents(place("not yet.dat")), "new\n");
+    }
+
+    /// For root neither.
+    void whatIsNoRegularFileIsNeverReplaced()
+    {
+        const std::string pipe = place("pipe").toStdString();
+        QCOMPARE(mkfifo(pipe.c_str(), 0600), 0);
+        QVERIFY(QFile::link("pipe", place("link")));
+        const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+        for (const char* name : {"pipe", "link"}) {
+            QVERIFY(!writeFile(place(name), writeNew));
+            char bytes[8];
+            QCOMPARE(read(reader, bytes, sizeof bytes), 4);
+        }
+        close(reader);
+        struct stat after;
+        QVERIFY(stat(pipe.c_str(), &after) == 0 && S_ISFIFO(after.st_mode));
+
+        // Where the standard output leads into a file, the process would go on with the old one.
+        const std::string old = m_old.toStdString();
+        struct stat before;
+        const int output = open(old.c_str(), O_WRONLY);
+        QVERIFY(fstat(output, &before) == 0);
+        for (const char* folder : {"/proc/self/fd/", "/dev/fd/"})
+            QVERIFY(!writeFile(folder + QString::number(output), writeNew));
+        QVERIFY(stat(old.c_str(), &after) == 0);
+        QCOMPARE(after.st_ino, before.st_ino);
+        QCOMPARE(contents(m_old), "new\n");
+        close(output);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFileWriter)
+#include "tst_filewriter.moc"
