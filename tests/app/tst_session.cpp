@@ -125,11 +125,12 @@ void TestSession::scoresHaveUnitVariance()
                                           {pelmora::PelmoraRotation, true}}) {
         const auto data = rowWise ? transposed(lines) : lines.clone();
         auto standardised = pelmora::formCorrelations(data, rowWise).standardised;
-        const auto [loadings, scores] =
+        const auto [loadings, coefficients, scores] =
             pelmora::extractFactors(session()->decomposition(), 3, method, standardised, rowWise);
         if (rowWise)
             standardised = transposed(standardised);
         QCOMPARE(scores.rows(), 20);
+        QCOMPARE(coefficients.columns(), 3);
         for (int j = 0; j < 3; ++j) {
             for (int k = 0; k <= j; ++k)
                 QVERIFY(std::abs(meanProduct(scores, j, scores, k) - (j == k ? 1.0 : 0.0)) < 1e-9);
