@@ -10,11 +10,11 @@
 #include "minimalpairs/minimalpairfinder.h"
 #include "minimalpairs/minimalpairform.h"
 #include "numerics/rotation.h"
+#include "output/factorkind.h"
 #include "settings/settings.h"
 #include "views/corrform.h"
 #include "views/dataform.h"
 #include "views/factorform.h"
-#include "views/factorkind.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>

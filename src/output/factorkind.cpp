@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "views/factorkind.h"
+#include "output/factorkind.h"
 
 #include <QCoreApplication>
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "input/namedmatrix.h"
-#include "views/factorkind.h"
+#include "output/factorkind.h"
 #include "views/sessionface.h"
 
 #include <QPointer>
