@@ -58,3 +58,8 @@ QSize DiagramGeometry::cellSize(double rowMaximum, double columnMaximum) const
         truncated(2.0 * edgeX + textGap + textHeight + textCircleOffset + diameter(columnMaximum)),
         std::max(truncated(2.0 * edgeY + diameter(rowMaximum)), textWidth + textMargin)};
 }
+
+QPoint summaryOrigin(const QRect& cell, int textWidth)
+{
+    return {cell.left() + (cell.width() - textWidth) / 2, cell.top() + cell.height() / 2};
+}

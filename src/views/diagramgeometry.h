@@ -39,3 +39,6 @@ struct DiagramGeometry
     /// Room that a loading cell needs.
     QSize cellSize(double rowMaximum, double columnMaximum) const;
 };
+
+/// Where the baseline of a summary begins, so that it stands in the middle of its cell.
+QPoint summaryOrigin(const QRect& cell, int textWidth);

@@ -51,17 +51,22 @@ void adjustDiagramView(QTableView* view)
         view->parentWidget()->layout()->activate();
 }
 
+void layOutWholeDiagram(QTableView* view, factorModel* model)
+{
+    view->setAttribute(Qt::WA_DontShowOnScreen);
+    // A frame would cover the last pixels of the last row and column.
+    view->setFrameShape(QFrame::NoFrame);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUpDiagramView(view, model);
+    view->setFixedSize(view->verticalHeader()->width() + view->horizontalHeader()->length(),
+                       view->horizontalHeader()->height() + view->verticalHeader()->length());
+}
+
 QImage diagramImage(factorModel* model)
 {
     QTableView view;
-    view.setAttribute(Qt::WA_DontShowOnScreen);
-    // A frame would cover the last pixels of the last row and column.
-    view.setFrameShape(QFrame::NoFrame);
-    view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setUpDiagramView(&view, model);
-    view.setFixedSize(view.verticalHeader()->width() + view.horizontalHeader()->length(),
-                      view.horizontalHeader()->height() + view.verticalHeader()->length());
+    layOutWholeDiagram(&view, model);
     // The first picture only forces layout and painting.
     view.grab();
     QImage image = view.grab().toImage();

@@ -14,6 +14,9 @@ void setUpDiagramView(QTableView* view, factorModel* model);
 /// Lays the diagram out anew for the model's present diagram size and names.
 void adjustDiagramView(QTableView* view);
 
+/// Makes @p view, which nobody will see, show the whole diagram of @p model and nothing else.
+void layOutWholeDiagram(QTableView* view, factorModel* model);
+
 /// Picture of the whole diagram with its headers, for the screen's pixel ratio; null when the
 /// memory does not suffice.
 QImage diagramImage(factorModel* model);

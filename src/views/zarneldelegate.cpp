@@ -38,10 +38,10 @@ QPen outlinePen()
     return QPen(Qt::black, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin);
 }
 
-void paintCircle(QPainter* painter, const QRect& circle, double value)
+void paintCircle(QPainter* painter, const QRect& circle, const QColor& fill)
 {
     painter->setPen(outlinePen());
-    painter->setBrush(value < 0.0 ? negativeColour : positiveColour);
+    painter->setBrush(fill);
     // The toolkit draws no outline around nothing, but a loading of 0 is a dot.
     if (circle.isEmpty())
         painter->drawPoint(circle.topLeft());
@@ -76,39 +76,47 @@ void zarnelDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     if (index.row() == 0 || index.column() == 0)
         paintSummary(painter, option.rect, text(value));
     else
-        paintLoading(painter, option.rect.topLeft(), *model, index);
+        paintLoading(painter, mark(*model, index.row(), index.column(), option.rect.topLeft()));
     painter->restore();
 }
 
 void zarnelDelegate::paintSummary(QPainter* painter, const QRect& cell, const QString& text) const
 {
-    const int textWidth = painter->fontMetrics().horizontalAdvance(text);
-    painter->drawText(cell.left() + (cell.width() - textWidth) / 2, cell.top() + cell.height() / 2,
-                      text);
+    painter->drawText(summaryOrigin(cell, painter->fontMetrics().horizontalAdvance(text)), text);
 }
 
-void zarnelDelegate::paintLoading(QPainter* painter, QPoint corner, const factorModel& model,
-                                  const QModelIndex& index) const
+void zarnelDelegate::paintLoading(QPainter* painter, const LoadingMark& mark) const
 {
-    m_geometry.size = model.diagramSize();
-    const double value = model.value(index.row(), index.column());
-    const double rowMaximum = model.rowMaximum(index.row() - 1);
-    const double columnMaximum = model.columnMaximum(index.column() - 1);
-
-    const QString valueText = text(value);
-    m_geometry.textWidth = m_fontMetrics.horizontalAdvance(valueText);
-    m_geometry.textHeight = m_fontMetrics.height();
     painter->save();
     painter->setFont(m_font);
     painter->setPen(outlinePen());
-    painter->translate(m_geometry.textOrigin(rowMaximum, columnMaximum, corner));
+    painter->translate(mark.textOrigin);
     painter->rotate(270.0);
-    painter->drawText(0, 0, valueText);
+    painter->drawText(0, 0, mark.text);
     painter->restore();
+    if (mark.hasCircle)
+        paintCircle(painter, mark.circle, mark.fill);
+}
 
-    // A value that is not finite has no size: its text alone stands for it.
-    if (std::isfinite(value))
-        paintCircle(painter, m_geometry.circle(value, rowMaximum, columnMaximum, corner), value);
+LoadingMark zarnelDelegate::mark(const factorModel& model, int row, int column, QPoint corner) const
+{
+    const double value = model.value(row, column);
+    const double rowMaximum = model.rowMaximum(row - 1);
+    const double columnMaximum = model.columnMaximum(column - 1);
+    const QString valueText = text(value);
+    m_geometry.size = model.diagramSize();
+    m_geometry.textWidth = m_fontMetrics.horizontalAdvance(valueText);
+    m_geometry.textHeight = m_fontMetrics.height();
+
+    LoadingMark mark{valueText,
+                     m_geometry.textWidth,
+                     m_geometry.textOrigin(rowMaximum, columnMaximum, corner),
+                     std::isfinite(value),
+                     QRect(),
+                     value < 0.0 ? negativeColour : positiveColour};
+    if (mark.hasCircle)
+        mark.circle = m_geometry.circle(value, rowMaximum, columnMaximum, corner);
+    return mark;
 }
 
 QSize zarnelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const

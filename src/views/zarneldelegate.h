@@ -11,6 +11,17 @@
 
 class factorModel;
 
+/// What stands for one loading in the diagram. Lengths are pixels.
+struct LoadingMark
+{
+    QString text;
+    int textWidth;
+    QPoint textOrigin; ///< where the baseline begins, before it is turned by 270 degrees
+    bool hasCircle;    ///< a value that is not finite has no size: its text alone stands for it
+    QRect circle;      ///< square around it; empty: a dot
+    QColor fill;
+};
+
 /// Draws the cells of a factorModel as a diagram: every loading is a filled circle with its value
 /// beside it, turned upright; summaries are centred numbers.
 ///
@@ -26,6 +37,8 @@ public:
 
     /// Diameter of the circle of @p value in pixels.
     double diameter(double value) const { return m_geometry.diameter(value); }
+    /// Whether a circle's area follows the loading, not its diameter.
+    bool areasAreProportional() const { return m_geometry.proportionalArea; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -35,12 +48,18 @@ public:
     /// @p model as it is now, whatever cells were painted last.
     void rehearse(const factorModel& model);
 
-private:
+    /// The loading in @p row and @p column of @p model, in a cell at @p corner.
+    LoadingMark mark(const factorModel& model, int row, int column, QPoint corner) const;
+
+    /// How a value is written.
     QString text(double value) const;
+    /// Font of the values beside the circles.
+    const QFont& font() const { return m_font; }
+
+private:
     void setFontSize(int size) const;
     void paintSummary(QPainter* painter, const QRect& cell, const QString& text) const;
-    void paintLoading(QPainter* painter, QPoint corner, const factorModel& model,
-                      const QModelIndex& index) const;
+    void paintLoading(QPainter* painter, const LoadingMark& mark) const;
     QModelIndex widestLoading(const factorModel& model) const;
 
     mutable DiagramGeometry m_geometry;
