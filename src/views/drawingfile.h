@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class QDateTime;
+struct DiagramDrawing;
+
+/// Files of drawings: vectors and texts that can be selected, no bitmap.
+enum class DrawingFormat { Pdf, Svg };
+
+/// One page as large as @p drawing, with the fonts that it needs. More than 200 inches (a bound of
+/// the format) are scaled down to them.
+/// @param title  of the document
+/// @param created  the time that the file gives for itself. With the same time the same drawing
+///                 gives the same bytes, provided that the program has called
+///                 QHashSeed::setDeterministicGlobalSeed() at its start
+/// @throws std::bad_alloc
+QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QDateTime& created);
+
+/// The same drawing always gives the same bytes. Fonts are named, with others to fall back on.
+QByteArray svgFile(const DiagramDrawing& drawing, const QString& title);
