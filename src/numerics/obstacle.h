@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/owners.h"
+
+namespace pelmora {
+
+/// Why a number cannot be computed from a correlation matrix, in the order in which reasons are
+/// named where several hold.
+enum class Reason {
+    None,
+    NotNumbers,
+    DiagonalNotOne, ///< by more than 1e-6
+    TooFewVariables,
+    NoCorrelations, ///< all are 0, by less than 1e-10
+    NotPositiveDefinite,
+    Singular,
+    CasesUnknown,
+    TooFewCases
+};
+
+/// What stands in the way of a number, if anything does.
+struct Obstacle
+{
+    Reason reason = Reason::None;
+    double number = 0.0; ///< the smallest eigenvalue, or how many variables or cases are needed
+
+    explicit operator bool() const { return reason != Reason::None; }
+};
+
+/// A value, or the obstacle in its way: the value then is the one of a default-constructed Value.
+template <typename Value>
+struct Computed
+{
+    Obstacle obstacle;
+    Value value{};
+};
+
+/// NotNumbers, DiagonalNotOne or TooFewVariables: nothing but eigenvalues can be told of @p r.
+Obstacle obstacleToAnything(const Matrix& r, const Vector& eigenvalues);
+
+/// The same, and NotPositiveDefinite or Singular. Singular is an eigenvalue within 1e-10 of the
+/// largest: correlations are sums over cases, so that eigenvalues that ought to be 0 grow with the
+/// number of cases, to 2e-12 of the largest with 500,000.
+Obstacle obstacleToInverse(const Matrix& r, const Vector& eigenvalues);
+
+/// NotNumbers, DiagonalNotOne or TooFewVariables, or CasesUnknown, or TooFewCases below 3:
+/// eigenvalues cannot be compared with those of samples without correlations.
+Obstacle obstacleToComparison(const Matrix& r, const Vector& eigenvalues, int cases);
+
+/// CasesUnknown where @p cases is 0, TooFewCases below @p needed.
+Obstacle obstacleOfCases(int cases, int needed);
+
+/// Smaller correlations count as 0.
+bool isZeroCorrelation(double r);
+
+} // namespace pelmora
