@@ -22,14 +22,16 @@ PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
     : QWidget(tabWidget)
     , m_form(std::make_unique<Ui::PCAForm>())
     , m_session(session)
-    , m_names(session->variableNames())
+    , m_names(session->names())
     , m_eigenvalueModel(new NumberTableModel(this))
     , m_eigenvectorModel(new NumberTableModel(this))
     , m_loadingModel(new NumberTableModel(this))
 {
     m_form->setupUi(this);
     const auto factorTitle = [](int factor) { return tr("Factor F%1").arg(factor + 1); };
-    const auto variableName = [this](int variable) { return m_names.value(variable); };
+    const auto variableName = [this](int variable) {
+        return m_names.text(static_cast<std::size_t>(variable));
+    };
     m_eigenvalueModel->setHeaders(
         [](int row) {
             return QStringList{tr("Eigenvalues"), tr("Variance[%]"), tr("Cumulative\nVariance[%]")}
@@ -103,9 +105,9 @@ void PCAForm::releaseSessionData()
 
 void PCAForm::on_variableNamesChanged(QVector<QString> const& names)
 {
-    if (names.size() != m_names.size())
+    if (names.size() != static_cast<qsizetype>(m_names.size()))
         return;
-    m_names = names;
+    m_names = m_names.renamed(names);
     m_eigenvectorModel->headersChanged();
     m_loadingModel->headersChanged();
 }
@@ -141,16 +143,16 @@ void PCAForm::on_pushButtonExportEigenwerte_clicked()
 void PCAForm::on_pushButtonExportEigenvektoren_clicked()
 {
     save(QStringLiteral("*.vec"), [this](std::ostream& out) {
-        writeFactorMatrix(out, m_session->decomposition().eigenvectors,
-                          VariableNames::fromTexts(m_names), settings::precision());
+        writeFactorMatrix(out, m_session->decomposition().eigenvectors, m_names,
+                          settings::precision());
     });
 }
 
 void PCAForm::on_pushButton_clicked()
 {
     save(QStringLiteral("*.ini"), [this](std::ostream& out) {
-        writeFactorMatrix(out, m_session->decomposition().initialLoadings,
-                          VariableNames::fromTexts(m_names), settings::precision());
+        writeFactorMatrix(out, m_session->decomposition().initialLoadings, m_names,
+                          settings::precision());
     });
 }
 

@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "input/variablenames.h"
 #include "numerics/owners.h"
 
 #include <QPointer>
-#include <QVector>
 #include <QWidget>
 
 #include <functional>
@@ -52,7 +52,7 @@ private:
 
     std::unique_ptr<Ui::PCAForm> m_form;
     QPointer<PelmoraSession> m_session;
-    QVector<QString> m_names;
+    VariableNames m_names;
     pelmora::Matrix m_varianceTable;
     NumberTableModel* m_eigenvalueModel;
     NumberTableModel* m_eigenvectorModel;

@@ -209,7 +209,7 @@ QVector<QString> PelmoraSession::variableNames() const
 
 void PelmoraSession::setVariableNames(const QVector<QString>& names)
 {
-    const auto written = VariableNames::fromTexts(names).first(m_correlations.rows());
+    const auto written = m_correlations.names().renamed(names).first(m_correlations.rows());
     m_correlations.setNames(written);
     if (hasRawData()) {
         // Names beyond the variables belong to the other orientation and stay.

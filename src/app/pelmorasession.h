@@ -56,6 +56,8 @@ public:
 
     /// What the "PCA" page shows and writes.
     const pelmora::Decomposition& decomposition() const { return m_decomposition; }
+    /// The names as files hold them.
+    const VariableNames& names() const { return m_correlations.names(); }
 
     QString outputStem() const override;
     QVector<QString> variableNames() const override;

@@ -3,6 +3,8 @@
 
 #include "input/variablenames.h"
 
+#include "input/namebytes.h"
+
 #include <algorithm>
 #include <ostream>
 
@@ -11,7 +13,7 @@ namespace {
 /// A line break or NUL would end the name line that the name is written to.
 std::string toBytes(const QString& text)
 {
-    std::string bytes = text.toLatin1().toStdString();
+    std::string bytes = namebytes::toBytes(text);
     std::replace_if(
         bytes.begin(), bytes.end(),
         [](char byte) { return byte == '\n' || byte == '\r' || byte == '\0'; }, ' ');
@@ -28,6 +30,15 @@ VariableNames VariableNames::fromTexts(const QVector<QString>& texts)
     return names;
 }
 
+VariableNames VariableNames::renamed(const QVector<QString>& texts) const
+{
+    VariableNames names = fromTexts(texts);
+    for (std::size_t i = 0; i < std::min(m_count, names.m_count); ++i)
+        if (text(i) == texts[static_cast<qsizetype>(i)])
+            names.set(i, (*this)[i]);
+    return names;
+}
+
 std::string VariableNames::operator[](std::size_t index) const
 {
     const auto given = m_given.find(index);
@@ -36,7 +47,7 @@ std::string VariableNames::operator[](std::size_t index) const
 
 QString VariableNames::text(std::size_t index) const
 {
-    return QString::fromLatin1(QByteArray::fromStdString((*this)[index]));
+    return namebytes::toText((*this)[index]);
 }
 
 QVector<QString> VariableNames::texts() const

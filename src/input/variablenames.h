@@ -11,17 +11,20 @@
 #include <map>
 #include <string>
 
-/// The names of a matrix's variables as 8-bit Latin-1 text. A variable without a given name is
-/// called by its 1-based number; that is a rule, not a list, since a long file may have very many
-/// of them.
+/// The names of a matrix's variables as bytes (input/namebytes.h says how they read). A variable
+/// without a given name is called by its 1-based number; that is a rule, not a list, since a long
+/// file may have very many of them.
 class VariableNames
 {
 public:
     VariableNames() = default;
     explicit VariableNames(std::size_t count) : m_count(count) {}
 
-    /// Characters beyond Latin-1 become "?", since that is what a file could hold of them.
+    /// A character that has no byte becomes "?", since that is what a file could hold of it.
     static VariableNames fromTexts(const QVector<QString>& texts);
+    /// Names of these @p texts. One that reads as it did keeps its bytes, for not every byte has a
+    /// letter of its own.
+    VariableNames renamed(const QVector<QString>& texts) const;
 
     std::size_t size() const { return m_count; }
     bool isEmpty() const { return m_count == 0; }
@@ -43,5 +46,5 @@ private:
 };
 
 /// Writes the name header of every text file that the program makes: one line "vname", tab, 1-based
-/// number, tab, name per name, as Latin-1 bytes.
+/// number, tab, name per name.
 void writeNameHeader(std::ostream& out, const VariableNames& names);

@@ -112,7 +112,7 @@ void FactorForm::on_variableNamesChanged(QVector<QString> const& names)
 {
     if (!m_model || names.size() != m_model->numberOfVariables())
         return;
-    m_loadings.names = VariableNames::fromTexts(names);
+    m_loadings.names = m_loadings.names.renamed(names);
     m_model->setVariableNames(m_loadings.names);
     // Names of other lengths need other rows.
     adjustDiagramView(m_ui->tableFactors);

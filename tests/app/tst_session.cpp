@@ -64,6 +64,7 @@ private slots:
     void orientationThereAndBackIsTheSameToTheBit();
     void namesOutliveTheOrientation();
     void namesReachEveryPage();
+    void unchangedNamesAreWrittenAsTheyCame();
     void pagesOutliveTheirTabsAndTheirSession();
 };
 
@@ -253,6 +254,26 @@ void TestSession::namesReachEveryPage()
     // Raw data and their statistics, correlations both ways, eigenvectors, loadings, three
     // diagrams, pairs.
     QVERIFY2(tables >= 11, qPrintable(QString::number(tables)));
+}
+
+void TestSession::unchangedNamesAreWrittenAsTheyCame()
+{
+    const QByteArray name = "\xC3\x9C\x81\x9F";
+    const SampleFile file("data.txt", fourCases + "vname\t2\t" + name + "\n");
+    openSession(file.path());
+    QStringList names = session()->variableNames();
+    QCOMPARE(names[1], QString("\u00C3\u0153\uFFFD\u0178"));
+    names[0] = "first";
+    session()->setVariableNames(names);
+    for (const auto& [page, button] : {std::pair(0, "pushButtonSave"),
+                                       {1, "pushButtonSave"},
+                                       {2, "pushButtonExportEigenvektoren"},
+                                       {2, "pushButton"},
+                                       {3, "ExportRotated"}}) {
+        pages()->setCurrentIndex(page);
+        const QByteArray written = saved(button);
+        QVERIFY2(written.contains(name) && written.contains("first"), written.constData());
+    }
 }
 
 void TestSession::pagesOutliveTheirTabsAndTheirSession()

@@ -19,6 +19,7 @@ private slots:
     void allocates();
     void visitsCellsUntilOneFails();
     void defaultNames();
+    void namesShowLettersAndKeepBytes();
 };
 
 void TestAsciiData::allocates()
@@ -68,6 +69,26 @@ void TestAsciiData::defaultNames()
     QCOMPARE(names.first(5).texts(), QStringList({"1", "B", "3", "4", "5"}));
     names.set(1, "2");
     QCOMPARE(names.texts(), QStringList({"1", "2", "3"}));
+}
+
+void TestAsciiData::namesShowLettersAndKeepBytes()
+{
+    for (int byte = 1; byte < 256; ++byte) {
+        VariableNames names(1);
+        names.set(0, std::string(1, static_cast<char>(byte)));
+        const QString text = names.text(0);
+        QVERIFY2(text[0].unicode() < 0x80 || text[0].unicode() > 0x9F, qPrintable(text));
+        QVERIFY2(names.renamed({text})[0] == names[0], qPrintable(text));
+        const bool hasLetter = text != QChar(QChar::ReplacementCharacter);
+        QCOMPARE(hasLetter, !QByteArray("\x81\x8D\x8F\x90\x9D").contains(static_cast<char>(byte)));
+        const bool isLineEnd = byte == '\n' || byte == '\r';
+        QCOMPARE(VariableNames::fromTexts({text})[0], isLineEnd ? " " : hasLetter ? names[0] : "?");
+    }
+    QCOMPARE(VariableNames::fromTexts({"\u20AC \u0151 \u0081"})[0], std::string("\x80 ? ?"));
+    VariableNames names(1);
+    names.set(0, "\xC3\x9C"
+                 "belkeit"); // UTF-8
+    QCOMPARE(names.text(0), QString("\u00C3\u0153belkeit"));
 }
 
 QTEST_GUILESS_MAIN(TestAsciiData)

@@ -138,9 +138,10 @@ void TestCorrelationData::exportReadsBack()
 
 void TestCorrelationData::namesReadBack()
 {
-    const QStringList names = {"Gr\u00F6\u00DFe", "",     "7",     "  outer  ", "a\tb",
-                               "vname",           "x\ny", "\u20AC"};
-    const QStringList expected = {"Gr\u00F6\u00DFe", "", "7", "outer", "a\tb", "vname", "x y", "?"};
+    const QStringList names = {"Gr\u00F6\u00DFe", "", "7", "  outer  ", "a\tb", "vname", "x\ny",
+                               "\u20AC \u0151"};
+    const QStringList expected = {"Gr\u00F6\u00DFe", "",    "7",       "outer", "a\tb",
+                                  "vname",           "x y", "\u20AC ?"};
     CorrelationData data;
     fill(data, 8, 1.0);
     data.setNames(VariableNames::fromTexts(names));
