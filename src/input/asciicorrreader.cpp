@@ -8,6 +8,7 @@
 #include "input/readerreport.h"
 #include "input/scan/numberparser.h"
 #include "input/triangle.h"
+#include "numerics/progress.h"
 
 #include <algorithm>
 #include <new>
@@ -112,6 +113,8 @@ QStringList completed(const QStringList& lines, int shape)
     }
 }
 
+constexpr double operationsPerEntry = 100.0;
+
 /// Entries beyond the row's end are passed over. False at the first that is missing or no number.
 bool fillRow(double* row, int columns, const QString& line)
 {
@@ -184,8 +187,13 @@ try {
     // A misread triangle may have longer lines than the square has columns.
     bool filled = lineCount() > 0 && lineCount() == data.rows() && columnCount() == data.cols();
     const QStringList lines = dataLines();
-    for (int r = 0; filled && r < static_cast<int>(data.rows()); ++r)
+    const int order = static_cast<int>(data.rows());
+    pelmora::ProgressMeter meter({.work = pelmora::Progress::Work::Reading});
+    for (int r = 0; filled && r < order; ++r) {
         filled = fillRow(data.matrix()[r], static_cast<int>(data.cols()), lines[r]);
+        meter.progress().done = double(r) / order;
+        filled = filled && meter.goOnAfter(operationsPerEntry * order);
+    }
     return filled;
 } catch (const std::bad_alloc&) {
     return false;

@@ -9,6 +9,7 @@
 #include "input/scan/linescan.h"
 #include "input/scan/numberlines.h"
 #include "input/variablenames.h"
+#include "numerics/progress.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -36,9 +37,14 @@ bool openForReading(QFile& file)
 template <typename TakePiece>
 bool takeAllPieces(QFile& file, TakePiece takePiece)
 {
+    const auto size = static_cast<double>(file.size());
     pelmora::LineBuffer buffer(file);
-    while (buffer.next())
+    while (buffer.next()) {
         pelmora::scanLines(buffer.begin(), buffer.end(), takePiece);
+        const double done = std::min(static_cast<double>(file.pos()) / size, 1.0);
+        if (!pelmora::goOn({.work = pelmora::Progress::Work::Reading, .done = done}))
+            return false;
+    }
     return !buffer.failed();
 }
 
@@ -80,7 +86,7 @@ bool AsciiReader::readFile()
     } catch (const std::bad_alloc&) {
         // A text that does not fit into memory cannot be read.
     }
-    if (!read)
+    if (!read && !pelmora::isCancelled())
         showReadError();
     return read;
 }

@@ -32,7 +32,7 @@ public:
     ~AsciiReader() override;
 
     /// Reads and classifies all lines. False when the file cannot be opened (no message) or read (a
-    /// warning box tells).
+    /// warning box tells), or when the user cancels.
     bool readFile();
 
     /// Number of data lines.

@@ -7,6 +7,7 @@
 #include "input/asciidatareader.h"
 #include "input/correlationdata.h"
 #include "input/readerreport.h"
+#include "numerics/progress.h"
 
 #include <QCoreApplication>
 
@@ -17,8 +18,11 @@ QString tr(const char* text)
     return QCoreApplication::translate("Loading", text);
 }
 
+/// Who has cancelled knows.
 bool refuse(const QString& text)
 {
+    if (pelmora::isCancelled())
+        return false;
     reportReaderMessage({ReaderMessage::Severity::Information, tr("Error"), text});
     return false;
 }

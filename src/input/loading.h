@@ -9,6 +9,7 @@ class AsciiData;
 class CorrelationData;
 
 /// Files of input in one step. False after the fault has been reported to the report of
-/// input/readerreport.h, or without a word where the file cannot be opened.
+/// input/readerreport.h, or without a word where the file cannot be opened or the user
+/// cancels.
 bool loadDataMatrix(const QString& path, AsciiData& data);
 bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations);

@@ -12,6 +12,8 @@
 
 #include "minimalpairs/minimalpairfinder.h"
 
+#include "numerics/progress.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -62,9 +64,17 @@ public:
 
     std::vector<Ranks> run()
     {
-        for (int first = 0; first < m_loadings.rows(); ++first)
-            for (int second = first + 1; second < m_loadings.rows(); ++second)
+        constexpr double operationsPerDifference = 2.0;
+        const int variables = m_loadings.rows();
+        pelmora::ProgressMeter meter({.work = pelmora::Progress::Work::MinimalPairs});
+        for (int first = 0; first < variables; ++first) {
+            for (int second = first + 1; second < variables; ++second)
                 consider(first, second);
+            const double left = 1.0 - double(first) / variables;
+            meter.progress().done = 1.0 - left * left;
+            if (!meter.goOnAfter(operationsPerDifference * (variables - first) * m_factors))
+                return {};
+        }
         return std::move(m_ranks);
     }
 
@@ -155,6 +165,8 @@ MinimalPairFinder::MinimalPairFinder(const NamedMatrix& loadings, int limit)
     if (m_pairCount == 0)
         return;
     const auto found = Search(loadings.values, m_pairCount).run();
+    if (found.empty())
+        m_pairCount = 0;
     for (std::size_t focal = 0; focal < found.size(); ++focal)
         for (const auto& [first, second, difference] : found[focal])
             m_ranked[focal].push_back(

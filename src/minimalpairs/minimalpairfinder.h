@@ -31,10 +31,11 @@ class MinimalPairFinder
 {
 public:
     /// Ranks the best @p limit pairs for every focal factor. What all focal factors share is
-    /// computed once for all.
+    /// computed once for all. Cancelled (see numerics/progress.h), there is no pair.
     explicit MinimalPairFinder(const NamedMatrix& loadings, int limit = 3);
 
     int variableCount() const { return m_variableCount; }
+    int factorCount() const { return m_factorCount; }
 
     /// Number of ranked pairs per focal factor: limit, or fewer where there are fewer pairs.
     int pairCount() const;

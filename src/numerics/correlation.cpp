@@ -13,6 +13,7 @@
 #include "numerics/kernels/productpanels.h"
 #include "numerics/memory.h"
 #include "numerics/owners.h"
+#include "numerics/progress.h"
 
 #include <algorithm>
 #include <cmath>
@@ -109,8 +110,11 @@ void packRows(const RawData& data, const double* mean, int firstCase, int count,
     }
 }
 
-void sumProducts(const RawData& data, const double* mean, AlignedRows& panels, AlignedRows& sums)
+/// False when cancelled.
+bool sumProducts(const RawData& data, const double* mean, AlignedRows& panels, AlignedRows& sums)
 {
+    constexpr double operationsPerProduct = 0.1;
+    ProgressMeter meter({.work = Progress::Work::Correlations, .done = 0.0});
     const int panelCount = productpanels::countFor(data.variables);
     for (int first = 0; first < data.cases; first += casesPerBlock) {
         const int count = std::min(casesPerBlock, data.cases - first);
@@ -119,7 +123,11 @@ void sumProducts(const RawData& data, const double* mean, AlignedRows& panels, A
         else
             runKernel<PackColumns>(data, mean, first, count, panels);
         productpanels::addProducts(panels, panelCount, count, sums);
+        meter.progress().done = double(first + count) / data.cases;
+        if (!meter.goOnAfter(operationsPerProduct * count * data.variables * data.variables))
+            return false;
     }
+    return true;
 }
 
 void divideSums(const AlignedRows& sums, const double* deviation, int p, int n, double** r)
@@ -176,7 +184,10 @@ double** correlate(double** x, int nrows, int ncols, int flag)
         return nullptr;
 
     findMeans(data, mean.data());
-    sumProducts(data, mean.data(), panels, sums);
+    if (!sumProducts(data, mean.data(), panels, sums)) {
+        free_matrix(r, 0, 0);
+        return nullptr;
+    }
     for (int j = 0; j < p; ++j)
         deviation[j] = std::sqrt(sums[j][j] / n);
     divideSums(sums, deviation.data(), p, n, r);

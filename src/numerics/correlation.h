@@ -9,7 +9,8 @@ namespace pelmora {
 /// @param x     nrows x ncols raw data; z-scores (divisor n) afterwards
 /// @param flag  1: variables are rows, cases are columns; otherwise variables are columns
 /// @returns a new p x p matrix (p variables) that the caller frees with free_matrix(); null after a
-///          reported allocation failure, the data then stay as they are
+///          reported allocation failure and when cancelled (see progress.h), the data then stay as
+///          they are
 /// Means, variances and cross products divide by n, the number of cases; only the mean of row-wise
 /// data divides by p, the number of variables, on purpose. A variable without variance gives NaN.
 /// Pearson, K. (1896), Phil. Trans. R. Soc. A 187, 253-318.

@@ -7,10 +7,12 @@
 #include "numerics/initialfactors.h"
 #include "numerics/jacobi.h"
 #include "numerics/product.h"
+#include "numerics/progress.h"
 #include "numerics/rotation.h"
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace pelmora {
 
@@ -41,15 +43,36 @@ Matrix loadingsToRotate(const Matrix& initialLoadings, int m)
     return result;
 }
 
-/// z-scores times coefficients. Only the transposed product conforms where rows are variables.
+/// z-scores times coefficients, some cases at a time. Only the transposed product conforms where
+/// rows are variables. Null when cancelled.
 Matrix factorScores(const Matrix& standardised, bool rowWise, const Matrix& coefficients)
 {
+    constexpr int casesPerStep = 512;
+    constexpr double operationsPerProduct = 0.3;
     const int cases = rowWise ? standardised.columns() : standardised.rows();
-    Matrix scores(cases, coefficients.columns());
-    if (!scores.isNull())
-        multiply(scores.rowPointers(), standardised.rowPointers(),
-                 rowWise ? transposeFirst : plainProduct, coefficients.rowPointers(),
-                 standardised.rows(), standardised.columns(), coefficients.columns());
+    const int variables = coefficients.rows();
+    const int factors = coefficients.columns();
+    Matrix scores(cases, factors);
+    if (scores.isNull())
+        return {};
+    ProgressMeter meter({.work = Progress::Work::Scores});
+    std::vector<const double*> rows(static_cast<std::size_t>(rowWise ? variables : 0));
+    for (int first = 0; first < cases; first += casesPerStep) {
+        const int count = std::min(casesPerStep, cases - first);
+        double** step = scores.rowPointers() + first;
+        if (rowWise) {
+            for (int j = 0; j < variables; ++j)
+                rows[static_cast<std::size_t>(j)] = standardised[j] + first;
+            multiply(step, rows.data(), transposeFirst, coefficients.rowPointers(), variables,
+                     count, factors);
+        } else {
+            multiply(step, standardised.rowPointers() + first, plainProduct,
+                     coefficients.rowPointers(), count, variables, factors);
+        }
+        meter.progress().done = double(first + count) / cases;
+        if (!meter.goOnAfter(operationsPerProduct * count * variables * factors))
+            return {};
+    }
     return scores;
 }
 
@@ -80,6 +103,8 @@ Decomposition decompose(const Matrix& correlations)
 
     result.rotations = jacobi(destroyed.rowPointers(), n, result.eigenvalues.data(),
                               result.eigenvectors.rowPointers());
+    if (isCancelled())
+        return {};
     sort_eigenpairs(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n);
     Matrix loadings = std::move(destroyed); // its storage serves once more
     initial_loadings(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n, n,
@@ -101,13 +126,15 @@ Factors extractFactors(const Decomposition& decomposition, int m, int method,
                        p, m, coefficients.rowPointers());
     if (method != NoRotation)
         rotate(loadings.rowPointers(), coefficients.rowPointers(), m, p, method);
+    if (isCancelled())
+        return {};
 
     Factors result;
     result.loadings = firstColumns(loadings, m);
     if (!standardised.isNull())
         result.scores = factorScores(standardised, rowWise, coefficients);
     result.coefficients = std::move(coefficients);
-    return result;
+    return isCancelled() ? Factors{} : std::move(result);
 }
 
 } // namespace pelmora

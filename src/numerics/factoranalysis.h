@@ -17,7 +17,7 @@ struct Correlations
 };
 
 /// Correlates the variables of @p data, which are its rows when @p rowWise, else its columns. The
-/// data stay as they are. Null after a reported allocation failure.
+/// data stay as they are. Null after a reported allocation failure or when cancelled.
 Correlations formCorrelations(const Matrix& data, bool rowWise);
 
 /// The eigenpairs of a correlation matrix, sorted, with the unrotated loadings of all factors.
@@ -30,7 +30,8 @@ struct Decomposition
     bool isNull() const { return initialLoadings.isNull(); }
 };
 
-/// Decomposes a p x p correlation matrix. Null after a reported allocation failure.
+/// Decomposes a p x p correlation matrix. Null after a reported allocation failure or when
+/// cancelled.
 Decomposition decompose(const Matrix& correlations);
 
 /// Loadings, score coefficients and, for raw data, scores of the first factors.
@@ -46,6 +47,7 @@ struct Factors
 /// RotationMethod).
 /// @param standardised  z-scores, or null: no scores
 /// @param rowWise       whether the rows of @p standardised are the variables
+/// Null after a reported allocation failure or when cancelled.
 Factors extractFactors(const Decomposition& decomposition, int m, int method,
                        const Matrix& standardised, bool rowWise);
 

@@ -55,18 +55,22 @@ void finish(const JacobiState& state, double** a, double** v)
     }
 }
 
-/// Sweeps until nothing is left above the diagonal; false when that never came.
+enum class Outcome { Converged, NotConverged, Cancelled };
+
+/// Sweeps until nothing is left above the diagonal.
 template <typename Sweep>
-bool iterate(JacobiState& state, double* b, Sweep sweep)
+Outcome iterate(JacobiState& state, double* b, Sweep sweep)
 {
     const int n = state.n;
     while (++state.sweep < sweepLimit) {
         const double sum = offDiagonalSum(state.matrix, n);
         if (sum == 0.0)
-            return true;
+            return Outcome::Converged;
+        state.meter.progress().sweep = state.sweep;
         state.threshold = state.sweep < 4 ? 0.02 * sum / double(std::int64_t(n) * n) : 0.0;
         const int rotations = state.rotations;
-        sweep(state);
+        if (!sweep(state))
+            return Outcome::Cancelled;
         for (int i = 0; i < n; ++i) {
             b[i] += state.z[i];
             state.d[i] = b[i];
@@ -75,9 +79,18 @@ bool iterate(JacobiState& state, double* b, Sweep sweep)
         // A late sweep without a rotation leaves zeros and NaN alone: all later ones would find the
         // same. With NaN among many variables they would take very long to find it.
         if (state.sweep > 4 && state.rotations == rotations)
-            return offDiagonalSum(state.matrix, n) == 0.0;
+            return offDiagonalSum(state.matrix, n) == 0.0 ? Outcome::Converged
+                                                          : Outcome::NotConverged;
     }
-    return false;
+    return Outcome::NotConverged;
+}
+
+/// A small matrix is done with before anybody could ask; only many sweeps take their time.
+bool sweepSmall(JacobiState& state)
+{
+    const int rotations = state.rotations;
+    sweepByRows(state);
+    return state.meter.goOnAfter(3.0 * (state.rotations - rotations) * state.n);
 }
 
 } // namespace
@@ -105,11 +118,11 @@ int jacobi(double** a, int n, double* d, double** v)
     }
     JacobiState state{n, matrix, vectors, d, z.data()};
     start(state, a, b.data());
-    const bool converged =
-        many ? iterate(state, b.data(), [&](JacobiState& s) { blockSweeper.sweep(s); })
-             : iterate(state, b.data(), sweepByRows);
+    const Outcome outcome =
+        many ? iterate(state, b.data(), [&](JacobiState& s) { return blockSweeper.sweep(s); })
+             : iterate(state, b.data(), sweepSmall);
     finish(state, a, v);
-    if (!converged)
+    if (outcome == Outcome::NotConverged)
         reportError("Error: no convergence in finding eigen values.");
     return state.rotations;
 }

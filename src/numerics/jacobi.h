@@ -12,7 +12,8 @@ namespace pelmora {
 ///           of a, not as the identity, on purpose: for a correlation matrix the two are equal.
 /// @returns the number of rotations
 /// Where 499 sweeps do not suffice, reports "Error: no convergence in finding eigen values."; d and
-/// v then hold the values of the last sweep. After a reported allocation failure both are NaN.
+/// v then hold the values of the last sweep. After a reported allocation failure both are NaN;
+/// cancelled (see progress.h), they are of no use.
 /// Jacobi, C. G. J. (1846), J. reine angew. Math. 30, 51-94.
 /// Thresholds after Rutishauser, H. (1966), Numer. Math. 9, 1-10.
 int jacobi(double** a, int n, double* d, double** v);

@@ -13,6 +13,7 @@ bool alwaysGoOn(const Progress&)
 }
 
 ProgressReport reportInForce = alwaysGoOn;
+bool cancelled = false;
 
 } // namespace
 
@@ -20,12 +21,26 @@ ProgressReport setProgressReport(ProgressReport report)
 {
     const ProgressReport previous = reportInForce;
     reportInForce = report ? report : alwaysGoOn;
+    cancelled = false;
     return previous;
 }
 
 bool goOn(const Progress& progress)
 {
-    return reportInForce(progress);
+    if (!cancelled)
+        cancelled = !reportInForce(progress);
+    return !cancelled;
+}
+
+bool isCancelled()
+{
+    return cancelled;
+}
+
+bool ProgressMeter::ask()
+{
+    m_pending = 0.0;
+    return goOn(m_progress);
 }
 
 } // namespace pelmora

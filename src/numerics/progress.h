@@ -13,6 +13,7 @@ struct Progress
         Correlations,
         Eigenvalues,
         Rotation,
+        Scores,
         MinimalPairs,
         Drawing,
         RandomMatrices
@@ -28,10 +29,39 @@ struct Progress
 using ProgressReport = bool (*)(const Progress& progress);
 
 /// Replaces the report that long routines ask and returns the one before it. The first report,
-/// which null brings back, lets everything go on.
+/// which null brings back, lets everything go on. What was cancelled before is forgotten.
 ProgressReport setProgressReport(ProgressReport report);
 
-/// Asks the report in force; false: the user has cancelled, and the routine gives up.
+/// Asks the report in force. False: the user has cancelled, and the routine gives up. From then on
+/// the answer stays the same, without asking, so that the steps that follow give up too.
 bool goOn(const Progress& progress);
+
+/// Whether work was cancelled since the report in force was set.
+bool isCancelled();
+
+/// Asks goOn() each time that about a millisecond's work has come together: often enough for twenty
+/// answers a second, and too seldom to be noticed in small problems.
+class ProgressMeter
+{
+public:
+    explicit ProgressMeter(const Progress& progress) : m_progress(progress) {}
+
+    /// Counts some work, in operations of about a nanosecond. False: cancelled.
+    bool goOnAfter(double operations)
+    {
+        m_pending += operations;
+        return m_pending < millisecond || ask();
+    }
+
+    /// What is told with the next question.
+    Progress& progress() { return m_progress; }
+
+private:
+    bool ask();
+
+    static constexpr double millisecond = 1e6;
+    Progress m_progress;
+    double m_pending = 0.0;
+};
 
 } // namespace pelmora

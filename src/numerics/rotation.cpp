@@ -6,6 +6,7 @@
 #include "numerics/kernels/pairangles.h"
 #include "numerics/kernels/rotationdriver.h"
 #include "numerics/kernels/rotationsweeps.h"
+#include "numerics/progress.h"
 
 #include <cmath>
 #include <cstdint>
@@ -47,7 +48,8 @@ double rotation_sweep(double** l, double** b, int m, int p, int method)
     if (sweeps.isNull())
         return std::nan("");
     const double criterion = sweeps.methodAwareSweep();
-    sweeps.putBack();
+    if (!isCancelled())
+        sweeps.putBack();
     return criterion;
 }
 
@@ -59,7 +61,8 @@ void rotate(double** l, double** b, int m, int p, int method)
     if (sweeps.isNull())
         return;
     driveRotation(sweeps, m, p);
-    sweeps.putBack();
+    if (!isCancelled())
+        sweeps.putBack();
 }
 
 } // namespace pelmora

@@ -26,7 +26,8 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
 /// Rotates every pair of the first m columns once, each to the angle that @p method asks for.
 /// @param l  p x (at least m + 1) loadings; columns 0..m-1 are rotated
 /// @param b  p x (at least m); receives the same rotations
-/// A pair without a usable angle stays as it stands. After a reported allocation failure the
+/// A pair without a usable angle stays as it stands. Cancelled (see progress.h), the matrices stay
+/// as they were and the result is NaN. After a reported allocation failure the
 /// rotated columns and the result are NaN.
 /// @returns the criterion of columns 0..m-2 and m after the sweep: m - 1 is left out and the
 ///          unrotated column m counted, on purpose, since the end of long rotations depends on it

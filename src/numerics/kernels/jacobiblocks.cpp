@@ -208,8 +208,9 @@ JacobiBlockSweeper::JacobiBlockSweeper(int n)
 {
 }
 
-void JacobiBlockSweeper::sweep(JacobiState& state)
+bool JacobiBlockSweeper::sweep(JacobiState& state)
 {
+    constexpr double operationsPerElement = 1.5; // of both rows and eigenvectors
     HeldTurns held;
     for (int i = 0; i < heldBack; ++i)
         held.turns[i] = reinterpret_cast<Turn*>(m_turns[i]);
@@ -223,9 +224,12 @@ void JacobiBlockSweeper::sweep(JacobiState& state)
         held.count[held.size++] = count;
         if (held.size == heldBack)
             turnEigenvectors(state, held);
+        if (!state.meter.goOnAfter(operationsPerElement * count * state.n))
+            return false;
     }
     turnEigenvectors(state, held);
     mirrorLowerTriangle(state);
+    return true;
 }
 
 } // namespace pelmora

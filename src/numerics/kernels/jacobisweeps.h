@@ -5,6 +5,7 @@
 
 #include "numerics/kernels/alignedrows.h"
 #include "numerics/kernels/lanes.h"
+#include "numerics/progress.h"
 
 #include <cmath>
 
@@ -28,6 +29,7 @@ struct JacobiState
     int sweep = 0;
     double threshold = 0.0;
     int rotations = 0;
+    ProgressMeter meter{{.work = Progress::Work::Eigenvalues}};
 };
 
 /// The sum of the absolute values above the diagonal.
@@ -127,7 +129,8 @@ public:
     explicit JacobiBlockSweeper(int n);
 
     bool isNull() const { return m_turns.isNull(); }
-    void sweep(JacobiState& state);
+    /// False when the user has cancelled; the state is then of no further use.
+    bool sweep(JacobiState& state);
 
 private:
     AlignedRows m_turns;

@@ -18,6 +18,8 @@ namespace pelmora {
 
 namespace {
 
+constexpr double cancelledTotal = std::numeric_limits<double>::quiet_NaN();
+
 bool hasNan(const double* x, int p)
 {
     return std::any_of(x, x + p, [](double value) { return std::isnan(value); });
@@ -53,6 +55,7 @@ RotationSweeps::RotationSweeps(double** l, double** b, int m, int p, int method)
     , m_method(method)
     , m_l(m + 1, p)
     , m_b(m, p)
+    , m_meter({.work = Progress::Work::Rotation, .factors = m})
     , m_work(3, p)
 {
     if (isNull()) {
@@ -140,10 +143,19 @@ void RotationSweeps::turn(int j, int k, ColumnTurn by)
     turnColumns(m_b[j], m_b[k], m_variables, by);
 }
 
+bool RotationSweeps::goOnAfterPairs(int pairs)
+{
+    constexpr double operationsPerElement = 2.0; // of both matrices
+    return m_meter.goOnAfter(operationsPerElement * pairs * m_variables);
+}
+
 double RotationSweeps::methodAwareSweep()
 {
+    ++m_meter.progress().sweep;
     double criterion = 0.0;
     for (int j = 0; j < m_factors - 1; ++j) {
+        if (!goOnAfterPairs(m_factors - j))
+            return cancelledTotal;
         for (int k = j + 1; k < m_factors; ++k)
             if (const auto best = methodAwareTurn(j, k))
                 turn(j, k, *best);
@@ -154,7 +166,8 @@ double RotationSweeps::methodAwareSweep()
 
 void RotationSweeps::improvingSweep()
 {
-    for (int j = 0; j < m_factors - 1; ++j)
+    ++m_meter.progress().sweep;
+    for (int j = 0; j < m_factors - 1 && goOnAfterPairs(m_factors - j); ++j)
         for (int k = j + 1; k < m_factors; ++k)
             if (const auto best = improvingTurn(j, k))
                 turn(j, k, *best);
@@ -202,14 +215,19 @@ void RotationSweeps::refineTwoFactors(int j)
 
 double RotationSweeps::plainSweep()
 {
+    ++m_meter.progress().sweep;
     double criterion = 0.0;
     int j = 0;
     for (; j + 2 < m_factors; j += 2) {
+        if (!goOnAfterPairs(2 * (m_factors - j)))
+            return cancelledTotal;
         refineTwoFactors(j);
         const Criteria criteria = columnCriteria(m_l[j], m_l[j + 1], m_variables);
         criterion += criteria.x;
         criterion += criteria.y;
     }
+    if (!goOnAfterPairs(1))
+        return cancelledTotal;
     if (j + 1 < m_factors) {
         turnToNearest(j, j + 1);
         criterion += criterionOf(j);

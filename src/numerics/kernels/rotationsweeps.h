@@ -5,6 +5,7 @@
 
 #include "numerics/kernels/alignedrows.h"
 #include "numerics/kernels/rotationkernels.h"
+#include "numerics/progress.h"
 
 #include <optional>
 
@@ -19,6 +20,8 @@ public:
     RotationSweeps(double** l, double** b, int m, int p, int method);
 
     bool isNull() const { return m_l.isNull() || m_b.isNull() || m_work.isNull(); }
+
+    // A cancelled sweep ends at once, its total NaN, which ends the course of the rotation too.
 
     double methodAwareSweep();
     double plainSweep();
@@ -43,6 +46,7 @@ private:
     void turn(int j, int k, ColumnTurn by);
     void turnToNearest(int j, int k);
     void refineTwoFactors(int j);
+    bool goOnAfterPairs(int pairs);
     void advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums);
 
     double** m_givenL;
@@ -52,6 +56,7 @@ private:
     const int m_method;
     AlignedRows m_l;
     AlignedRows m_b;
+    ProgressMeter m_meter;
     AlignedRows m_work; // two columns for a trial, and one of zeros
 };
 
