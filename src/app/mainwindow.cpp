@@ -10,9 +10,10 @@
 #include "settings/settings.h"
 #include "ui_mainwindow.h"
 #include "views/dialogprecision.h"
+#include "views/longwork.h"
 #include "views/plaintooltip.h"
-#include "views/waitcursor.h"
 
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -65,6 +66,8 @@ void MainWindow::on_actionCorrASCII_triggered()
 
 void MainWindow::read(const InputKind& kind)
 {
+    if (LongWork::isRunning())
+        return;
     const QString path =
         QFileDialog::getOpenFileName(this, kind.caption, kind.lastLocation(), tr("Any Files *"));
     if (path.isEmpty()) {
@@ -73,11 +76,15 @@ void MainWindow::read(const InputKind& kind)
     }
     kind.setLastLocation(path);
 
-    const WaitCursor waiting;
+    const LongWork work(this, path);
     auto* session = new PelmoraSession(this);
     m_sessions.append(session);
+    const QString message = m_form->statusBar->currentMessage();
     if (!(session->*kind.load)(path)) {
-        discardSession(session);
+        if (LongWork::isCancelled())
+            takeBack(session, message);
+        else
+            discardSession(session);
         return;
     }
     m_form->statusBar->showMessage(
@@ -91,6 +98,19 @@ void MainWindow::read(const InputKind& kind)
         session->createCorrelationPage();
     }
     session->createPcaPage();
+    if (LongWork::isCancelled())
+        takeBack(session, message);
+}
+
+/// Leaves no trace of a session whose making was cancelled.
+void MainWindow::takeBack(PelmoraSession* session, const QString& statusMessage)
+{
+    // Null when it has not come as far as to a tab.
+    const QWidget* pages = m_form->mainTabWidget->widget(int(m_sessions.indexOf(session)));
+    session->leaveFolderClosed();
+    discardSession(session);
+    delete pages;
+    m_form->statusBar->showMessage(statusMessage);
 }
 
 void MainWindow::discardSession(PelmoraSession* session)
@@ -113,6 +133,8 @@ void MainWindow::addSessionTab(PelmoraSession* session)
 
 void MainWindow::on_mainTabWidget_tabCloseRequested(int index)
 {
+    if (LongWork::isRunning())
+        return;
     delete m_sessions.value(index);
     if (0 <= index && index < m_sessions.size())
         m_sessions.removeAt(index);
@@ -156,6 +178,15 @@ bool MainWindow::event(QEvent* event)
     if (event->type() == QEvent::StatusTip)
         return true;
     return QMainWindow::event(event);
+}
+
+// Under its own work a window stays open.
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (LongWork::isRunning())
+        event->ignore();
+    else
+        QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

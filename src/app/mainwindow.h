@@ -25,6 +25,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -45,6 +46,7 @@ private:
     void read(const InputKind& kind);
     void discardSession(PelmoraSession* session);
     void addSessionTab(PelmoraSession* session);
+    void takeBack(PelmoraSession* session, const QString& statusMessage);
 
     std::unique_ptr<Ui::MainWindow> m_form;
     /// Entry i is the session shown in tab i.

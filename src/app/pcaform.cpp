@@ -9,10 +9,10 @@
 #include "settings/settings.h"
 #include "ui_pcaform.h"
 #include "views/fileexport.h"
+#include "views/longwork.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
-#include "views/waitcursor.h"
 
 #include <QMessageBox>
 
@@ -127,9 +127,9 @@ void PCAForm::on_processButton_clicked()
                                  tr("Please select at least one type of rotation"));
         return;
     }
-    if (!m_session)
+    if (!m_session || LongWork::isRunning())
         return;
-    const WaitCursor waiting;
+    const LongWork work(this);
     m_session->createRotationPages(numberOfFactors, kinds);
 }
 

@@ -15,11 +15,13 @@
 #include "views/corrform.h"
 #include "views/dataform.h"
 #include "views/factorform.h"
+#include "views/longwork.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QUrl>
 
+#include <optional>
 #include <stdexcept>
 
 struct PelmoraSession::RotationPage
@@ -35,7 +37,7 @@ PelmoraSession::PelmoraSession(QObject* parent) : SessionFace(parent) {}
 // Touches no page: at the program's end they are gone before the session.
 PelmoraSession::~PelmoraSession()
 {
-    if (inputFile().isEmpty() || !settings::openFolderAfterClosing())
+    if (!m_opensFolder || inputFile().isEmpty() || !settings::openFolderAfterClosing())
         return;
     QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(inputFile()).absolutePath()));
 }
@@ -104,20 +106,20 @@ bool PelmoraSession::createCorrelationPageFromData()
     auto computed = pelmora::formCorrelations(m_data.matrix(), m_rowWise);
     if (computed.isNull())
         return false;
-    const int place = removePage(m_correlationPage);
+    takeCorrelations(std::move(computed));
+    return createCorrelationPage();
+}
+
+void PelmoraSession::takeCorrelations(pelmora::Correlations computed)
+{
     m_correlations.setMatrix(std::move(computed.matrix));
     m_correlations.setNames(m_data.names().first(m_correlations.rows()));
     m_standardised = std::move(computed.standardised);
-    return showCorrelations(place);
 }
 
 bool PelmoraSession::createCorrelationPage()
 {
-    return showCorrelations(removePage(m_correlationPage));
-}
-
-bool PelmoraSession::showCorrelations(int place)
-{
+    const int place = removePage(m_correlationPage);
     if (!m_pages)
         return false;
     m_correlationPage = new CorrForm(this, m_pages);
@@ -128,8 +130,13 @@ bool PelmoraSession::showCorrelations(int place)
 
 void PelmoraSession::createPcaPage()
 {
+    showDecomposition(pelmora::decompose(m_correlations.matrix()));
+}
+
+void PelmoraSession::showDecomposition(pelmora::Decomposition decomposition)
+{
     const int place = removePage(m_pcaPage);
-    m_decomposition = pelmora::decompose(m_correlations.matrix());
+    m_decomposition = std::move(decomposition);
     if (!m_pages || m_decomposition.isNull())
         return;
     qDebug("Used %d jacobi rotations.... ", m_decomposition.rotations);
@@ -158,7 +165,7 @@ void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
         {VarimaxBit, pelmora::VarimaxRotation, FactorKind::Varimax, QT_TR_NOOP("Varimax[%1]")},
         {UnrotatedBit, pelmora::NoRotation, FactorKind::Initial, QT_TR_NOOP("Initial[%1]")}};
     for (const RotationPage& page : pages) {
-        if (kinds & page.bit)
+        if ((kinds & page.bit) && !LongWork::isCancelled())
             createRotationPage(numberOfFactors, page);
     }
 }
@@ -170,20 +177,23 @@ void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage&
     if (!m_pages || factors.isNull())
         return;
     const NamedMatrix loadings{std::move(factors.loadings), m_correlations.names()};
+    std::optional<MinimalPairFinder> finder;
+    if (variableCount() > 1)
+        finder.emplace(loadings);
+    if (LongWork::isCancelled())
+        return;
 
     auto* form = new FactorForm(m_pages, numberOfFactors, this);
     form->setTitle(factorTitle(page.kind));
-    const bool leaveOutMinimalPairs = variableCount() < 2;
-    form->setUp(loadings, leaveOutMinimalPairs, std::move(factors.scores));
-    if (!leaveOutMinimalPairs)
-        addMinimalPairs(form, loadings);
+    form->setUp(loadings, !finder, std::move(factors.scores));
+    if (finder)
+        addMinimalPairs(form, *finder);
     m_pages->addPage(form, tr(page.tabTitle).arg(numberOfFactors), true);
 }
 
-void PelmoraSession::addMinimalPairs(FactorForm* page, const NamedMatrix& loadings)
+void PelmoraSession::addMinimalPairs(FactorForm* page, const MinimalPairFinder& finder)
 {
-    const MinimalPairFinder finder(loadings);
-    for (int factor = 0; factor < loadings.values.columns(); ++factor) {
+    for (int factor = 0; factor < finder.factorCount(); ++factor) {
         auto* pairs = new MinimalPairForm(finder, factor, page);
         connect(this, &SessionFace::variableNamesChanged, pairs,
                 &MinimalPairForm::on_variableNamesChanged);
@@ -225,12 +235,17 @@ void PelmoraSession::setRowWise(bool rowWise)
 {
     if (rowWise == m_rowWise)
         return;
-    m_rowWise = rowWise;
-    if (!createCorrelationPageFromData()) {
-        m_rowWise = !rowWise;
+    // Both before anything is replaced: the step may fail or be cancelled.
+    auto computed = pelmora::formCorrelations(m_data.matrix(), rowWise);
+    if (computed.isNull())
         return;
-    }
-    createPcaPage();
+    auto decomposition = pelmora::decompose(computed.matrix);
+    if (decomposition.isNull())
+        return;
+    m_rowWise = rowWise;
+    takeCorrelations(std::move(computed));
+    createCorrelationPage();
+    showDecomposition(std::move(decomposition));
     // Factor pages of this orientation missed the names that were given in the other.
     emit variableNamesChanged(variableNames());
 }

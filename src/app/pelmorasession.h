@@ -15,7 +15,7 @@ class DataForm;
 class FactorForm;
 class PCAForm;
 class SessionTabWidget;
-struct NamedMatrix;
+class MinimalPairFinder;
 
 /// One analysis: one input file and everything computed from it, shown as pages of a tab widget.
 class PelmoraSession : public SessionFace
@@ -29,6 +29,9 @@ public:
     explicit PelmoraSession(QObject* parent);
     /// Opens the folder of the input file where the user wants that.
     ~PelmoraSession() override;
+
+    /// The session will open no folder: nobody has seen it.
+    void leaveFolderClosed() { m_opensFolder = false; }
 
     /// Shows the session's pages in @p pages. Either of the two may go first.
     void attachTabWidget(SessionTabWidget* pages);
@@ -75,8 +78,9 @@ private:
     bool hasRawData() const { return !m_dataFile.isEmpty(); }
     int variableCount() const;
     void createRotationPage(int numberOfFactors, const RotationPage& page);
-    void addMinimalPairs(FactorForm* page, const NamedMatrix& loadings);
-    bool showCorrelations(int place);
+    void addMinimalPairs(FactorForm* page, const MinimalPairFinder& finder);
+    void takeCorrelations(pelmora::Correlations computed);
+    void showDecomposition(pelmora::Decomposition decomposition);
     /// Deletes a page and returns where its tab was; -1 when there was none.
     int removePage(QWidget* page);
 
@@ -94,4 +98,5 @@ private:
     /// that every change of orientation starts from the same values.
     pelmora::Matrix m_standardised;
     bool m_rowWise = false;
+    bool m_opensFolder = true;
 };

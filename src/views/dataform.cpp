@@ -8,20 +8,18 @@
 #include "ui_dataform.h"
 #include "views/dialogvarnames.h"
 #include "views/fileexport.h"
+#include "views/longwork.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/statisticsmodel.h"
 #include "views/tablecopy.h"
-#include "views/waitcursor.h"
 
-#include <QMessageBox>
 #include <QScrollBar>
 
 #include <algorithm>
 
 namespace {
 
-constexpr unsigned manyVariables = 1000;
 constexpr int listedNames = 5; // constant variables that are named before the list is cut
 
 } // namespace
@@ -143,27 +141,15 @@ void DataForm::on_radioButtonRowWise_clicked()
     chooseRowWise(true);
 }
 
-/// The time for eigenvalues grows with the cube of the variables, and nothing can stop it. Cases
-/// taken for variables by a slip of the mouse are soon very many.
-bool DataForm::wantsManyVariables(bool rowWise)
-{
-    const auto variables = rowWise ? m_data->rows() : m_data->cols();
-    return variables <= manyVariables ||
-           QMessageBox::question(
-               this, tr("Many variables"),
-               tr("This makes %1 variables, which may take very long. Go on?").arg(variables)) ==
-               QMessageBox::Yes;
-}
-
 void DataForm::chooseRowWise(bool rowWise)
 {
     if (!m_data)
         return;
-    if (rowWise != m_rowWise && wantsManyVariables(rowWise)) {
-        const WaitCursor waiting;
+    if (rowWise != m_rowWise && !LongWork::isRunning()) {
+        const LongWork work(this);
         m_session->setRowWise(rowWise);
     }
-    // The session may have refused, for want of memory for instance.
+    // The session may have refused, for want of memory for instance, or the user cancelled.
     const bool accepted = m_session->isRowWise();
     (accepted ? m_ui->radioButtonRowWise : m_ui->radioButtonColumnWise)->setChecked(true);
     if (accepted != m_rowWise)

@@ -42,7 +42,6 @@ private slots:
     void on_pushButtonSave_clicked();
 
 private:
-    bool wantsManyVariables(bool rowWise);
     void chooseRowWise(bool rowWise);
     void showVariables();
     void showNames(const QVector<QString>& names);

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 
 namespace {
@@ -59,7 +60,8 @@ QStringList DialogScript::takeRecord()
 bool DialogScript::eventFilter(QObject* watched, QEvent* event)
 {
     auto* dialog = qobject_cast<QDialog*>(watched);
-    if (dialog && event->type() == QEvent::Show) {
+    // One that tells of progress goes by itself.
+    if (dialog && event->type() == QEvent::Show && !qobject_cast<QProgressDialog*>(dialog)) {
         m_record << describe(dialog);
         QMetaObject::invokeMethod(
             this,

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/progress.h"
+#include "views/waitcursor.h"
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include <chrono>
+#include <memory>
+
+class QProgressDialog;
+class QWidget;
+
+/// Work on the one thread that may take long. While it lives the wait cursor is shown, and what the
+/// numerics, readers and drawings tell of their progress comes here: work that lasts longer than
+/// patience() gets a modal dialog, so that nothing else can be done meanwhile, whose "Cancel" makes
+/// them give up. Such work inside of such work changes nothing.
+class LongWork
+{
+public:
+    /// @param parent  the dialog stands over its window
+    /// @param file    the file that is read, if one is
+    explicit LongWork(QWidget* parent, const QString& file = QString());
+    ~LongWork();
+    LongWork(const LongWork&) = delete;
+    LongWork& operator=(const LongWork&) = delete;
+
+    /// Whether there is any. Nothing that changes sessions or starts other work may be done then.
+    static bool isRunning();
+
+    /// Whether the user has cancelled it.
+    static bool isCancelled() { return pelmora::isCancelled(); }
+
+    /// How long work may last before the dialog appears; it then answers as often, but at least
+    /// twenty times a second.
+    static std::chrono::milliseconds& patience();
+
+private:
+    static bool report(const pelmora::Progress& progress);
+    bool show(const pelmora::Progress& progress);
+    void makeDialog();
+    QString text(const pelmora::Progress& progress) const;
+
+    const bool m_isOutermost;
+    QWidget* m_parent;
+    QString m_file;
+    WaitCursor m_waiting;
+    QElapsedTimer m_sinceStart;
+    QElapsedTimer m_sinceShown;
+    std::unique_ptr<QProgressDialog> m_dialog;
+};
