@@ -3,13 +3,115 @@
 
 #include "batch/commands.h"
 
+#include "batch/analyseoptions.h"
+#include "batch/analysis.h"
+#include "batch/analysisjson.h"
 #include "batch/console.h"
+#include "batch/filemessages.h"
+#include "batch/help.h"
+#include "batch/jsonwriter.h"
+#include "batch/outputnames.h"
+#include "batch/textfiles.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <ostream>
 
 namespace batch {
 
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Batch", text);
+}
+
+/// All files of one command line.
+class Run
+{
+public:
+    explicit Run(const AnalyseOptions& options) : m_options(options) {}
+
+    int run()
+    {
+        const bool several = m_options.files.size() > 1;
+        if (several)
+            m_json.beginArray();
+        for (const QString& file : m_options.files)
+            analyse(file);
+        if (several)
+            m_json.endArray();
+        if (!m_options.json.isEmpty())
+            writeJson();
+        return m_exitCode;
+    }
+
+private:
+    void analyse(const QString& file)
+    {
+        FileMessages messages(file);
+        Analysis analysis;
+        const bool refused = !analyseFile(file, m_options, messages, analysis);
+        if (refused)
+            endWith(InputRefused);
+        else
+            write(analysis, messages);
+        if (!m_options.json.isEmpty())
+            writeAnalysis(m_json, analysis, messages, refused);
+    }
+
+    void write(const Analysis& analysis, const FileMessages& messages)
+    {
+        if (messages.hasNumericalFault() || !analysis.isFinite())
+            endWith(NotFinite);
+        if (writeTextFiles(analysis, m_options) > 0)
+            endWith(CannotWrite);
+        if (!m_options.quiet)
+            tell(analysis.file, summary(analysis));
+    }
+
+    QString summary(const Analysis& analysis) const
+    {
+        const QString cases =
+            analysis.cases > 0 ? tr("%1 cases").arg(analysis.cases) : tr("cases unknown");
+        return tr("%1 variables, %2, %3 factors")
+            .arg(analysis.variables())
+            .arg(cases)
+            .arg(analysis.factors);
+    }
+
+    void writeJson()
+    {
+        const std::string text = m_json.text() + '\n';
+        if (m_options.json == u"-")
+            endWith(writeToStandardOutput(text));
+        else if (!writeOutput(m_options.json, [&](std::ostream& out) { out << text; }))
+            endWith(CannotWrite);
+    }
+
+    void endWith(int code) { m_exitCode = std::max(m_exitCode, code); }
+
+    const AnalyseOptions& m_options;
+    JsonWriter m_json;
+    int m_exitCode = Success;
+};
+
+} // namespace
+
 int analyse(const QStringList& arguments)
 {
-    return refuseUsage(QStringLiteral("analyse"), arguments.value(0));
+    QString fault;
+    const AnalyseOptions options = parseAnalyseOptions(arguments, fault);
+    if (options.help)
+        return print(analyseHelp());
+    if (options.version)
+        return print(versionLine());
+    if (fault.isEmpty())
+        fault = outputConflict(options);
+    if (!fault.isEmpty())
+        return refuseUsage(QStringLiteral("analyse"), fault);
+    return Run(options).run();
 }
 
 } // namespace batch

@@ -3,6 +3,8 @@
 
 #include "batch/console.h"
 
+#include "output/filewriter.h"
+
 #include <QCoreApplication>
 
 #include <cerrno>
@@ -20,9 +22,14 @@ QString tr(const char* text)
 
 } // namespace
 
+QString version()
+{
+    return QStringLiteral(PELMORA_VERSION);
+}
+
 QString versionLine()
 {
-    return QStringLiteral("pelmora-batch " PELMORA_VERSION "\n");
+    return QStringLiteral("pelmora-batch %1\n").arg(version());
 }
 
 void tell(const QString& file, const QString& text)
@@ -44,11 +51,19 @@ int refuseUsage(const QString& command, const QString& text)
     return WrongUsage;
 }
 
-int writeToStandardOutput(const QByteArray& bytes)
+bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write)
 {
-    const auto size = static_cast<std::size_t>(bytes.size());
+    const auto failure = writeFile(path, write);
+    if (failure)
+        tell(path, tr("Cannot write: %1").arg(failure->reason));
+    return !failure;
+}
+
+int writeToStandardOutput(std::string_view bytes)
+{
     // A full disk or a closed pipe is often met by the flush only.
-    if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+    if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() &&
+        std::fflush(stdout) == 0)
         return Success;
     tell(QStringLiteral("-"), tr("Cannot write to standard output: %1")
                                   .arg(QString::fromLocal8Bit(std::strerror(errno))));
@@ -57,7 +72,7 @@ int writeToStandardOutput(const QByteArray& bytes)
 
 int print(const QString& text)
 {
-    return writeToStandardOutput(text.toUtf8());
+    return writeToStandardOutput(text.toUtf8().toStdString());
 }
 
 } // namespace batch

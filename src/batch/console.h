@@ -3,8 +3,11 @@
 
 #pragma once
 
-#include <QByteArray>
 #include <QString>
+
+#include <functional>
+#include <iosfwd>
+#include <string_view>
 
 /// What all commands share: how they end and how they speak.
 namespace batch {
@@ -18,6 +21,7 @@ enum ExitCode : int {
     NotFinite = 4 ///< a number asked for is not finite, or the eigenvalues did not converge
 };
 
+QString version();
 /// "pelmora-batch 1.0" and a line end.
 QString versionLine();
 
@@ -28,8 +32,11 @@ void tell(const QString& file, const QString& text);
 /// @returns WrongUsage
 int refuseUsage(const QString& command, const QString& text);
 
+/// Writes a file whole or not at all; a failure is told, and false returned.
+bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write);
+
 /// Writes @p bytes to standard output, to the last one; a failure is told. An ExitCode.
-int writeToStandardOutput(const QByteArray& bytes);
+int writeToStandardOutput(std::string_view bytes);
 
 /// The same for text, as UTF-8.
 int print(const QString& text);

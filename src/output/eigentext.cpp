@@ -17,14 +17,13 @@ std::string number(double x, unsigned decimals)
     return numbertext::fixed(x, decimals).toStdString();
 }
 
-/// A double quote inside a name would end it for the reading program, so it becomes a single one.
-std::string quoted(std::string name)
+} // namespace
+
+std::string quotedName(std::string name)
 {
     std::replace(name.begin(), name.end(), '"', '\'');
     return '"' + name + '"';
 }
-
-} // namespace
 
 void writeEigenvalues(std::ostream& out, const pelmora::Vector& eigenvalues, unsigned decimals)
 {
@@ -47,7 +46,7 @@ void writeFactorMatrix(std::ostream& out, const pelmora::Matrix& values, const V
         out << "\tF" << j + 1;
     out << '\n';
     for (int i = 0; i < values.rows(); ++i) {
-        out << quoted(names[static_cast<std::size_t>(i)]);
+        out << quotedName(names[static_cast<std::size_t>(i)]);
         for (int j = 0; j < values.columns(); ++j)
             out << '\t' << number(values[i][j], decimals);
         out << '\n';

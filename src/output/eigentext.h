@@ -7,10 +7,14 @@
 #include "numerics/owners.h"
 
 #include <iosfwd>
+#include <string>
 
 /// The text files that the "PCA" page writes: tab-separated columns under one line of titles,
 /// numbers in fixed notation rounded by the precision, names in double quotes. R reads them by
 /// read.table(file, header = TRUE, fileEncoding = "latin1").
+
+/// @p name in double quotes; one inside would end it for the reading program and becomes a single.
+std::string quotedName(std::string name);
 
 /// One line per factor: its number, eigenvalue, share of the variance and cumulative share in
 /// percent.

@@ -3,11 +3,11 @@
 
 #include "output/factortext.h"
 
+#include "output/loadingsums.h"
 #include "output/numbertext.h"
 
 #include <algorithm>
 #include <ostream>
-#include <vector>
 
 namespace {
 
@@ -27,26 +27,18 @@ std::string scoreText(double x, unsigned decimals)
 void writeLoadings(std::ostream& out, const NamedMatrix& loadings, int numberOfFactors,
                    unsigned decimals)
 {
-    const int variables = loadings.values.rows();
-    std::vector<double> sumsOfSquares(static_cast<std::size_t>(numberOfFactors));
-    for (int i = 0; i < variables; ++i) {
-        double communality = 0.0;
-        for (int j = 0; j < numberOfFactors; ++j) {
-            const double a = loadings.values[i][j];
-            communality += a * a;
-            sumsOfSquares[static_cast<std::size_t>(j)] += a * a;
-            out << numberField(a, decimals) << ' ';
-        }
-        out << " | " << numberField(communality, decimals) << " | "
-            << loadings.names[static_cast<std::size_t>(i)] << '\n';
+    const LoadingSums sums = loadingSums(loadings.values, numberOfFactors);
+    for (int i = 0; i < loadings.values.rows(); ++i) {
+        const auto variable = static_cast<std::size_t>(i);
+        for (int j = 0; j < numberOfFactors; ++j)
+            out << numberField(loadings.values[i][j], decimals) << ' ';
+        out << " | " << numberField(sums.communalities[variable], decimals) << " | "
+            << loadings.names[variable] << '\n';
     }
-    out << std::string((sumsOfSquares.size() + 1) * (decimals + 6), '-') << "----\n";
-    double total = 0.0;
-    for (double sum : sumsOfSquares) {
-        total += sum;
-        out << numberField(100.0 * sum / variables, decimals) << ' ';
-    }
-    out << " | " << numberField(100.0 * total / variables, decimals) << '\n';
+    out << std::string((sums.explainedVariance.size() + 1) * (decimals + 6), '-') << "----\n";
+    for (const double variance : sums.explainedVariance)
+        out << numberField(variance, decimals) << ' ';
+    out << " | " << numberField(sums.totalVariance, decimals) << '\n';
 }
 
 void writeScores(std::ostream& out, const pelmora::Matrix& scores, unsigned decimals)

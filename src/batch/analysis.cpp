@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "batch/analysis.h"
+
+#include "batch/analyseoptions.h"
+#include "batch/filemessages.h"
+#include "input/correlationdata.h"
+#include "input/loading.h"
+#include "numerics/rotation.h"
+#include "numerics/standardisation.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+namespace batch {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Batch", text);
+}
+
+/// Empty where the file cannot be read.
+QByteArray sha256Of(const QString& path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    const bool hashed =
+        QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && hash.addData(&file);
+    return hashed ? hash.result().toHex() : QByteArray();
+}
+
+bool allFinite(std::span<const double> values)
+{
+    return std::all_of(values.begin(), values.end(), [](double x) { return std::isfinite(x); });
+}
+
+bool allFinite(const pelmora::Matrix& matrix)
+{
+    for (int i = 0; i < matrix.rows(); ++i)
+        if (!allFinite({matrix[i], static_cast<std::size_t>(matrix.columns())}))
+            return false;
+    return true;
+}
+
+int methodOf(FactorKind kind)
+{
+    switch (kind) {
+    case FactorKind::Pelmora:
+        return pelmora::PelmoraRotation;
+    case FactorKind::Varimax:
+        return pelmora::VarimaxRotation;
+    default:
+        return pelmora::NoRotation;
+    }
+}
+
+/// One analysis on its way; each step says whether the next one may come.
+class Analyser
+{
+public:
+    Analyser(const AnalyseOptions& options, FileMessages& messages, Analysis& analysis)
+        : m_options(options)
+        , m_messages(messages)
+        , m_analysis(analysis)
+    {
+    }
+
+    bool run()
+    {
+        if (!(m_options.correlations ? takeCorrelations() : takeData()))
+            return refusedToOpen();
+        m_analysis.decomposition = pelmora::decompose(m_analysis.correlations);
+        return !m_analysis.decomposition.isNull() && chooseFactors() && makePages();
+    }
+
+private:
+    bool takeData()
+    {
+        AsciiData data;
+        if (!loadDataMatrix(m_analysis.file, data))
+            return false;
+        m_analysis.cases = static_cast<int>(m_options.rowWise ? data.cols() : data.rows());
+        const auto used = pelmora::standardisation(data.matrix(), m_options.rowWise);
+        auto computed = pelmora::formCorrelations(data.matrix(), m_options.rowWise);
+        if (used.isNull() || computed.isNull())
+            return false;
+        m_analysis.means.assign(used.means.begin(), used.means.end());
+        m_analysis.standardDeviations.assign(used.deviations.begin(), used.deviations.end());
+        m_analysis.correlations = std::move(computed.matrix);
+        if (m_options.writes(ScoreFiles))
+            m_standardised = std::move(computed.standardised);
+        takeNames(data);
+        return true;
+    }
+
+    bool takeCorrelations()
+    {
+        CorrelationData correlations;
+        if (!loadCorrelationMatrix(m_analysis.file, correlations))
+            return false;
+        m_analysis.cases = m_options.cases;
+        m_analysis.correlations = std::move(correlations.matrix());
+        takeNames(correlations);
+        return true;
+    }
+
+    void takeNames(const AsciiData& data)
+    {
+        m_analysis.names = data.names().first(static_cast<std::size_t>(m_analysis.variables()));
+    }
+
+    bool refusedToOpen()
+    {
+        // The one fault that readers are silent about.
+        if (m_messages.all().isEmpty())
+            m_messages.warn(tr("Error opening file"),
+                            tr("Cannot open file %1").arg(m_analysis.file));
+        return false;
+    }
+
+    bool chooseFactors()
+    {
+        const pelmora::Vector& eigenvalues = m_analysis.decomposition.eigenvalues;
+        m_analysis.factors =
+            m_options.rule == FactorRule::Given ? m_options.factors : proposedFactors(eigenvalues);
+        if (m_analysis.factors <= m_analysis.variables())
+            return true;
+        m_messages.warn(tr("Error"), tr("%1 factors asked for, but there are %2 variables")
+                                         .arg(m_analysis.factors)
+                                         .arg(m_analysis.variables()));
+        return false;
+    }
+
+    bool makePages()
+    {
+        for (const FactorKind kind : m_options.rotations) {
+            auto factors =
+                pelmora::extractFactors(m_analysis.decomposition, m_analysis.factors,
+                                        methodOf(kind), m_standardised, m_options.rowWise);
+            const bool scoresMissing = factors.scores.isNull() && !m_standardised.isNull();
+            if (factors.isNull() || scoresMissing)
+                return false;
+            m_analysis.pages.push_back({kind,
+                                        {std::move(factors.loadings), m_analysis.names},
+                                        std::move(factors.coefficients),
+                                        std::move(factors.scores)});
+        }
+        return true;
+    }
+
+    const AnalyseOptions& m_options;
+    FileMessages& m_messages;
+    Analysis& m_analysis;
+    pelmora::Matrix m_standardised; ///< only where scores are asked for
+};
+
+} // namespace
+
+bool Analysis::isFinite() const
+{
+    const pelmora::Vector& eigenvalues = decomposition.eigenvalues;
+    if (!allFinite(correlations) || !allFinite({eigenvalues.begin(), eigenvalues.end()}) ||
+        !allFinite(decomposition.initialLoadings))
+        return false;
+    return std::all_of(pages.begin(), pages.end(), [](const AnalysedPage& page) {
+        return allFinite(page.loadings.values) && allFinite(page.coefficients) &&
+               allFinite(page.scores);
+    });
+}
+
+int proposedFactors(const pelmora::Vector& eigenvalues)
+{
+    const auto large = std::count_if(eigenvalues.begin(), eigenvalues.end(),
+                                     [](double value) { return value >= 1.0; });
+    return std::min(std::max(static_cast<int>(large), 2), eigenvalues.size());
+}
+
+bool analyseFile(const QString& file, const AnalyseOptions& options, FileMessages& messages,
+                 Analysis& analysis)
+{
+    analysis.file = file;
+    analysis.ofCorrelations = options.correlations;
+    analysis.rowWise = options.rowWise;
+    if (!options.json.isEmpty())
+        analysis.sha256 = sha256Of(file);
+    return Analyser(options, messages, analysis).run();
+}
+
+} // namespace batch

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "batch/analysisjson.h"
+
+#include "batch/analyseoptions.h"
+#include "batch/analysis.h"
+#include "batch/console.h"
+#include "batch/filemessages.h"
+#include "batch/jsonwriter.h"
+#include "minimalpairs/minimalpairfinder.h"
+#include "output/loadingsums.h"
+
+namespace batch {
+
+namespace {
+
+void writeNumbers(JsonWriter& json, const char* key, const std::vector<double>& values)
+{
+    json.key(key).numbers(values);
+}
+
+void writeNumbers(JsonWriter& json, const char* key, const pelmora::Vector& values)
+{
+    json.key(key).numbers({values.begin(), values.end()});
+}
+
+void writeMatrix(JsonWriter& json, const char* key, const pelmora::Matrix& matrix)
+{
+    json.key(key).beginArray();
+    for (int i = 0; i < matrix.rows(); ++i)
+        json.numbers({matrix[i], static_cast<std::size_t>(matrix.columns())});
+    json.endArray();
+}
+
+/// Both or neither are known.
+void writeMoments(JsonWriter& json, const Analysis& analysis)
+{
+    if (analysis.means.empty()) {
+        json.key("means").null();
+        json.key("standardDeviations").null();
+        return;
+    }
+    writeNumbers(json, "means", analysis.means);
+    writeNumbers(json, "standardDeviations", analysis.standardDeviations);
+}
+
+void writeInput(JsonWriter& json, const Analysis& analysis, bool refused)
+{
+    json.key("input").beginObject();
+    json.key("file").value(analysis.file);
+    json.key("sha256");
+    if (analysis.sha256.isEmpty())
+        json.null();
+    else
+        json.value(QString::fromLatin1(analysis.sha256));
+    if (!refused) {
+        json.key("kind").value(analysis.ofCorrelations ? QStringLiteral("correlations")
+                                                       : QStringLiteral("data"));
+        json.key("cases");
+        if (analysis.cases > 0)
+            json.value(analysis.cases);
+        else
+            json.null();
+        json.key("variables").value(analysis.variables());
+        json.key("names").beginArray();
+        for (const QString& name : analysis.names.texts())
+            json.value(name);
+        json.endArray();
+        json.key("rowWise").value(analysis.rowWise);
+    }
+    json.endObject();
+}
+
+void writeMessages(JsonWriter& json, const FileMessages& messages)
+{
+    json.key("messages").beginArray();
+    for (const ReaderMessage& message : messages.all()) {
+        const bool warning = message.severity == ReaderMessage::Severity::Warning;
+        json.beginObject();
+        json.key("severity")
+            .value(warning ? QStringLiteral("warning") : QStringLiteral("information"));
+        json.key("title").value(message.title);
+        json.key("text").value(message.text);
+        json.endObject();
+    }
+    json.endArray();
+}
+
+void writePairs(JsonWriter& json, const NamedMatrix& loadings)
+{
+    json.key("minimalPairs").beginArray();
+    const MinimalPairFinder finder(loadings);
+    for (int factor = 0; factor < loadings.values.columns() && finder.pairCount() > 0; ++factor) {
+        json.beginArray();
+        for (int rank = 0; rank < finder.pairCount(); ++rank) {
+            const MinimalPair pair = finder.pair(factor, rank);
+            json.beginObject();
+            json.key("first").value(pair.variables[0].index);
+            json.key("second").value(pair.variables[1].index);
+            json.key("difference").value(pair.difference);
+            json.endObject();
+        }
+        json.endArray();
+    }
+    json.endArray();
+}
+
+void writePage(JsonWriter& json, const AnalysedPage& page)
+{
+    const pelmora::Matrix& loadings = page.loadings.values;
+    const LoadingSums sums = loadingSums(loadings, loadings.columns());
+    json.beginObject();
+    json.key("rotation").value(rotationWord(page.kind));
+    json.key("factors").value(loadings.columns());
+    writeMatrix(json, "loadings", loadings);
+    writeNumbers(json, "communalities", sums.communalities);
+    writeNumbers(json, "explainedVariance", sums.explainedVariance);
+    writeMatrix(json, "scoreCoefficients", page.coefficients);
+    if (!page.scores.isNull())
+        writeMatrix(json, "scores", page.scores);
+    writePairs(json, page.loadings);
+    json.endObject();
+}
+
+} // namespace
+
+void writeAnalysis(JsonWriter& json, const Analysis& analysis, const FileMessages& messages,
+                   bool refused)
+{
+    json.beginObject();
+    json.key("version").value(version());
+    writeInput(json, analysis, refused);
+    writeMessages(json, messages);
+    if (!refused) {
+        writeMoments(json, analysis);
+        writeMatrix(json, "correlations", analysis.correlations);
+        writeNumbers(json, "eigenvalues", analysis.decomposition.eigenvalues);
+        writeMatrix(json, "eigenvectors", analysis.decomposition.eigenvectors);
+        writeMatrix(json, "initialLoadings", analysis.decomposition.initialLoadings);
+        json.key("pages").beginArray();
+        for (const AnalysedPage& page : analysis.pages)
+            writePage(json, page);
+        json.endArray();
+    }
+    json.endObject();
+}
+
+} // namespace batch

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace batch {
+
+struct Analysis;
+struct AnalyseOptions;
+
+/// Writes the text files that @p options ask for, like the pages' exports. A file that cannot be
+/// written is told, and the others are written all the same.
+/// @returns how many could not be written
+int writeTextFiles(const Analysis& analysis, const AnalyseOptions& options);
+
+} // namespace batch
