@@ -3,6 +3,7 @@
 
 #include "views/diagramview.h"
 
+#include "numerics/progress.h"
 #include "views/factormodel.h"
 #include "views/zarneldelegate.h"
 
@@ -10,6 +11,9 @@
 #include <QLayout>
 #include <QPixmap>
 #include <QTableView>
+
+#include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -20,6 +24,42 @@ QPalette lightPalette()
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);
     return palette;
+}
+
+void copyRows(const QImage& strip, QImage& image, int firstRow)
+{
+    for (int row = 0; row < std::min(strip.height(), image.height() - firstRow); ++row)
+        std::memcpy(image.scanLine(firstRow + row), strip.constScanLine(row),
+                    static_cast<std::size_t>(strip.bytesPerLine()));
+}
+
+/// A picture of the whole view, strip by strip, so that it can be watched and cancelled; then it is
+/// null.
+QImage grabbed(QTableView& view)
+{
+    // Whole pixels with every usual pixel ratio.
+    constexpr int stripHeight = 256;
+    // The first picture only forces layout and painting.
+    view.grab(QRect(0, 0, 1, 1));
+    QImage image;
+    int firstRow = 0;
+    for (int top = 0; top < view.height(); top += stripHeight) {
+        const int height = std::min(stripHeight, view.height() - top);
+        const QImage strip = view.grab(QRect(0, top, view.width(), height)).toImage();
+        const double ratio = strip.devicePixelRatio();
+        if (top == 0) {
+            image = QImage((QSizeF(view.size()) * ratio).toSize(), strip.format());
+            image.setDevicePixelRatio(ratio);
+        }
+        if (image.isNull() || strip.isNull())
+            return {};
+        copyRows(strip, image, firstRow);
+        firstRow += strip.height();
+        if (!pelmora::goOn({.work = pelmora::Progress::Work::Drawing,
+                            .done = double(top + height) / view.height()}))
+            return {};
+    }
+    return image;
 }
 
 } // namespace
@@ -67,9 +107,7 @@ QImage diagramImage(factorModel* model)
 {
     QTableView view;
     layOutWholeDiagram(&view, model);
-    // The first picture only forces layout and painting.
-    view.grab();
-    QImage image = view.grab().toImage();
+    QImage image = grabbed(view);
     // 96 dots per inch of the screen's unscaled pixels, so that it prints at one size everywhere.
     const int dotsPerMeter = qRound(3780 * image.devicePixelRatio());
     image.setDotsPerMeterX(dotsPerMeter);

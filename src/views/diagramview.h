@@ -18,5 +18,5 @@ void adjustDiagramView(QTableView* view);
 void layOutWholeDiagram(QTableView* view, factorModel* model);
 
 /// Picture of the whole diagram with its headers, for the screen's pixel ratio; null when the
-/// memory does not suffice.
+/// memory does not suffice or the user cancels.
 QImage diagramImage(factorModel* model);

@@ -9,6 +9,7 @@
 #include "views/diagramview.h"
 #include "views/factormodel.h"
 #include "views/fileexport.h"
+#include "views/longwork.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
@@ -37,12 +38,6 @@ void writePng(std::ostream& out, const QImage& image)
     if (!image.save(&buffer, "PNG"))
         throw std::bad_alloc();
     out.write(bytes.constData(), bytes.size());
-}
-
-QImage pictureOf(factorModel* model)
-{
-    const WaitCursor waitCursor;
-    return diagramImage(model);
 }
 
 } // namespace
@@ -176,7 +171,15 @@ void FactorForm::on_pushButtonSaveScores_clicked()
 
 void FactorForm::on_ImageButton_clicked()
 {
-    const QImage image = pictureOf(m_model);
+    if (LongWork::isRunning())
+        return;
+    QImage image;
+    {
+        const LongWork work(this);
+        image = diagramImage(m_model);
+        if (LongWork::isCancelled())
+            return;
+    }
     if (image.isNull()) {
         QMessageBox::warning(this, tr("Error while saving data"),
                              tr("Not enough memory for the image."));

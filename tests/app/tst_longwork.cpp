@@ -4,7 +4,7 @@
 #include "apptest.h"
 #include "views/longwork.h"
 
-#include <QCloseEvent>
+#include <QClipboard>
 #include <QProgressDialog>
 #include <QRadioButton>
 #include <QRandomGenerator>
@@ -63,6 +63,7 @@ private slots:
     void cancelledOpeningLeavesNoSession();
     void cancelledOrientationLeavesEverything();
     void cancelledPagesAreNotMade();
+    void aCancelledImageIsNowhere();
     void nothingElseCanBeDoneMeanwhile();
 
 private:
@@ -192,6 +193,20 @@ void TestLongWork::cancelledPagesAreNotMade()
     start->click();
     m_cancelAt.clear();
     QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA", "Pelmora[40]"}));
+}
+
+void TestLongWork::aCancelledImageIsNowhere()
+{
+    openSession(SampleFile("data.txt", cases(30, 20)).path());
+    pages()->setCurrentIndex(3);
+    QGuiApplication::clipboard()->setText("before");
+    m_dialogs.takeRecord();
+    m_cancelAt = "Drawing the image";
+    find<QPushButton>("ImageButton")->click();
+    m_cancelAt.clear();
+    QVERIFY(m_seen.contains("Drawing the image"));
+    QCOMPARE(QGuiApplication::clipboard()->text(), "before");
+    QCOMPARE(m_dialogs.takeRecord(), QStringList());
 }
 
 void TestLongWork::nothingElseCanBeDoneMeanwhile()

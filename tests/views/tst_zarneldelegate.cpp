@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QTableView>
 #include <QTest>
 
 #include <climits>
@@ -160,6 +161,11 @@ private slots:
             model.setDiagramSize(size);
             qApp->setPalette(QPalette(Qt::black)); // a dark desktop changes nothing
             const QImage image = diagramImage(&model);
+            if (size == 25) {
+                QTableView whole;
+                layOutWholeDiagram(&whole, &model);
+                QVERIFY(image == whole.grab().toImage());
+            }
             qApp->setPalette(palette);
             QCOMPARE(image.dotsPerMeterX(), qRound(3780 * image.devicePixelRatio()));
             // Right of the circle there are the text and maybe room for the header.
