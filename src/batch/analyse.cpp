@@ -58,7 +58,7 @@ private:
         else
             write(analysis, messages);
         if (!m_options.json.isEmpty())
-            writeAnalysis(m_json, analysis, messages, refused);
+            writeAnalysis(m_json, analysis, messages, refused, m_options.writes(AdequacyFile));
     }
 
     void write(const Analysis& analysis, const FileMessages& messages)

@@ -9,6 +9,7 @@
 #include "input/loading.h"
 #include "numerics/rotation.h"
 #include "numerics/standardisation.h"
+#include "output/adequacytext.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -129,14 +130,31 @@ private:
 
     bool chooseFactors()
     {
-        const pelmora::Vector& eigenvalues = m_analysis.decomposition.eigenvalues;
-        m_analysis.factors =
-            m_options.rule == FactorRule::Given ? m_options.factors : proposedFactors(eigenvalues);
-        if (m_analysis.factors <= m_analysis.variables())
-            return true;
-        m_messages.warn(tr("Error"), tr("%1 factors asked for, but there are %2 variables")
-                                         .arg(m_analysis.factors)
-                                         .arg(m_analysis.variables()));
+        const pelmora::Decomposition& found = m_analysis.decomposition;
+        if (m_options.wantsAdequacy() || m_options.rule == FactorRule::Parallel)
+            m_analysis.adequacy =
+                pelmora::adequacyResults(m_analysis.correlations, found, m_analysis.cases);
+        switch (m_options.rule) {
+        case FactorRule::Given:
+            m_analysis.factors = m_options.factors;
+            break;
+        case FactorRule::Eigenvalues:
+            m_analysis.factors = proposedFactors(found.eigenvalues);
+            break;
+        case FactorRule::Parallel:
+            if (const pelmora::Obstacle& obstacle = m_analysis.adequacy->toComparison)
+                return refuse(adequacytext::parallelAnalysis(obstacle, nullptr, found.eigenvalues));
+            m_analysis.factors = std::max(m_analysis.adequacy->byQuantile, 1);
+        }
+        return m_analysis.factors <= m_analysis.variables() ||
+               refuse(tr("%1 factors asked for, but there are %2 variables")
+                          .arg(m_analysis.factors)
+                          .arg(m_analysis.variables()));
+    }
+
+    bool refuse(const QString& text)
+    {
+        m_messages.warn(tr("Error"), text);
         return false;
     }
 
@@ -179,9 +197,8 @@ bool Analysis::isFinite() const
 
 int proposedFactors(const pelmora::Vector& eigenvalues)
 {
-    const auto large = std::count_if(eigenvalues.begin(), eigenvalues.end(),
-                                     [](double value) { return value >= 1.0; });
-    return std::min(std::max(static_cast<int>(large), 2), eigenvalues.size());
+    return std::min(std::max(pelmora::countEigenvaluesOfAtLeastOne(eigenvalues), 2),
+                    eigenvalues.size());
 }
 
 bool analyseFile(const QString& file, const AnalyseOptions& options, FileMessages& messages,

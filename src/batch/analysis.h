@@ -4,12 +4,13 @@
 #pragma once
 
 #include "input/namedmatrix.h"
-#include "numerics/factoranalysis.h"
+#include "numerics/adequacyresults.h"
 #include "output/factorkind.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace batch {
@@ -41,6 +42,7 @@ struct Analysis
     pelmora::Decomposition decomposition;
     int factors = 0;
     std::vector<AnalysedPage> pages;
+    std::optional<pelmora::AdequacyResults> adequacy; ///< only where it is asked for
 
     int variables() const { return correlations.rows(); }
     /// Whether every number that is asked for is one.

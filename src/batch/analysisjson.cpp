@@ -3,6 +3,7 @@
 
 #include "batch/analysisjson.h"
 
+#include "batch/adequacyjson.h"
 #include "batch/analyseoptions.h"
 #include "batch/analysis.h"
 #include "batch/console.h"
@@ -23,14 +24,6 @@ void writeNumbers(JsonWriter& json, const char* key, const std::vector<double>& 
 void writeNumbers(JsonWriter& json, const char* key, const pelmora::Vector& values)
 {
     json.key(key).numbers({values.begin(), values.end()});
-}
-
-void writeMatrix(JsonWriter& json, const char* key, const pelmora::Matrix& matrix)
-{
-    json.key(key).beginArray();
-    for (int i = 0; i < matrix.rows(); ++i)
-        json.numbers({matrix[i], static_cast<std::size_t>(matrix.columns())});
-    json.endArray();
 }
 
 /// Both or neither are known.
@@ -113,12 +106,12 @@ void writePage(JsonWriter& json, const AnalysedPage& page)
     json.beginObject();
     json.key("rotation").value(rotationWord(page.kind));
     json.key("factors").value(loadings.columns());
-    writeMatrix(json, "loadings", loadings);
+    json.key("loadings").rows(loadings);
     writeNumbers(json, "communalities", sums.communalities);
     writeNumbers(json, "explainedVariance", sums.explainedVariance);
-    writeMatrix(json, "scoreCoefficients", page.coefficients);
+    json.key("scoreCoefficients").rows(page.coefficients);
     if (!page.scores.isNull())
-        writeMatrix(json, "scores", page.scores);
+        json.key("scores").rows(page.scores);
     writePairs(json, page.loadings);
     json.endObject();
 }
@@ -126,7 +119,7 @@ void writePage(JsonWriter& json, const AnalysedPage& page)
 } // namespace
 
 void writeAnalysis(JsonWriter& json, const Analysis& analysis, const FileMessages& messages,
-                   bool refused)
+                   bool refused, bool writesAdequacy)
 {
     json.beginObject();
     json.key("version").value(version());
@@ -134,14 +127,18 @@ void writeAnalysis(JsonWriter& json, const Analysis& analysis, const FileMessage
     writeMessages(json, messages);
     if (!refused) {
         writeMoments(json, analysis);
-        writeMatrix(json, "correlations", analysis.correlations);
+        json.key("correlations").rows(analysis.correlations);
         writeNumbers(json, "eigenvalues", analysis.decomposition.eigenvalues);
-        writeMatrix(json, "eigenvectors", analysis.decomposition.eigenvectors);
-        writeMatrix(json, "initialLoadings", analysis.decomposition.initialLoadings);
+        json.key("eigenvectors").rows(analysis.decomposition.eigenvectors);
+        json.key("initialLoadings").rows(analysis.decomposition.initialLoadings);
         json.key("pages").beginArray();
         for (const AnalysedPage& page : analysis.pages)
             writePage(json, page);
         json.endArray();
+        if (writesAdequacy) {
+            json.key("adequacy");
+            writeAdequacy(json, *analysis.adequacy);
+        }
     }
     json.endObject();
 }

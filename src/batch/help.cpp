@@ -22,7 +22,7 @@ What is read:
 What is computed:
   --factors N            so many factors; or
   --factors eigenvalues  as many as eigenvalues are at least 1, at least 2 (preset); or
-  --factors parallel     as parallel analysis tells, by its 95 % quantile
+  --factors parallel     as parallel analysis tells by its 95 % quantile, at least 1
   --rotation LIST        of pelmora, varimax, initial (preset: all three)
 
 What is written:

@@ -61,6 +61,14 @@ void JsonWriter::numbers(std::span<const double> list)
     m_text += ']';
 }
 
+void JsonWriter::rows(const pelmora::Matrix& matrix)
+{
+    beginArray();
+    for (int i = 0; i < matrix.rows(); ++i)
+        numbers({matrix[i], static_cast<std::size_t>(matrix.columns())});
+    endArray();
+}
+
 void JsonWriter::begin(char bracket)
 {
     startValue();

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "numerics/owners.h"
+
 #include <QString>
 
 #include <span>
@@ -30,6 +32,8 @@ public:
     void value(const QString& text);
     void null();
     void numbers(std::span<const double> list);
+    /// A list of the matrix's rows.
+    void rows(const pelmora::Matrix& matrix);
 
     const std::string& text() const { return m_text; }
 

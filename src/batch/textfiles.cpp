@@ -8,6 +8,7 @@
 #include "batch/console.h"
 #include "batch/outputnames.h"
 #include "minimalpairs/minimalpairfinder.h"
+#include "output/adequacyfile.h"
 #include "output/correlationtext.h"
 #include "output/eigentext.h"
 #include "output/factortext.h"
@@ -69,6 +70,9 @@ public:
         });
         add(InitialLoadingFile, m_names.file("ini"), [&](std::ostream& out) {
             writeFactorMatrix(out, found.initialLoadings, names, m_decimals);
+        });
+        add(AdequacyFile, m_names.file("adequacy"), [&](std::ostream& out) {
+            writeAdequacy(out, *m_analysis.adequacy, names, m_decimals);
         });
         for (const AnalysedPage& page : m_analysis.pages)
             writePage(page);

@@ -45,6 +45,7 @@ private slots:
     void inputsAreRefusedOneByOne();
     void jsonHoldsTheNumbers();
     void endsWithFourForWhatIsNotFinite();
+    void tellsAdequacy();
     void tellsWhatCannotBeWritten();
     void givesTheSameBytesAgain();
 
@@ -265,6 +266,39 @@ void TestAnalyse::endsWithFourForWhatIsNotFinite()
     QVERIFY(analysis["correlations"].toArray()[0].toArray()[2].isNull());
     QCOMPARE(analysis["messages"].toArray().size(), 1);
     QCOMPARE(analysis["pages"].toArray().size(), 3);
+}
+
+void TestAnalyse::tellsAdequacy()
+{
+    const QStringList harman = {"harman-24-psychological-tests.cor", "--correlations", "--factors",
+                                "parallel", "--quiet"};
+    const Outcome unknown = run(harman);
+    QCOMPARE(unknown.code, 1);
+    QCOMPARE(unknown.err, "harman-24-psychological-tests.cor: Parallel analysis: cannot be "
+                          "computed: the number of cases is not known\n");
+
+    const Outcome known =
+        run(harman + QStringList{"--cases", "145", "--json", "-", "--write", "adequacy,loadings"});
+    QCOMPARE(known.code, 0);
+    QVERIFY(entries().contains("harman-24-psychological-tests_3.okt"));
+    const QByteArray file = contentOf(path("harman-24-psychological-tests.adequacy"));
+    for (const char* line : {"\nKMO\t\t\t0.881333502\tmeritorious\n",
+                             "\nMSA\t1\t\"Visual perception\"\t0.897801333\t\n",
+                             "\nRandomQuantile\t1\t\t1.970272149\t\n"})
+        QVERIFY2(file.contains(line), line);
+    const auto adequacy = QJsonDocument::fromJson(known.out).object()["adequacy"].toObject();
+    QVERIFY(std::abs(adequacy["lnDeterminant"].toDouble() - -11.4367092231635) < 1e-10);
+    QCOMPARE(adequacy["parallel"].toObject()["byMean"].toInt(), 4);
+    QCOMPARE(adequacy["antiImage"].toArray().size(), 24);
+    QVERIFY(adequacy["reasons"].toObject().isEmpty());
+
+    // Singular; that is no fault.
+    const Outcome box = run({"box-problem.txt", "--json", "-", "--write", "adequacy", "--quiet"});
+    QCOMPARE(box.code, 0);
+    const auto singular = QJsonDocument::fromJson(box.out).object()["adequacy"].toObject();
+    QVERIFY(singular["kmo"].isNull());
+    QVERIFY(singular["reasons"].toObject()["kmo"].toString().startsWith("the matrix is singular"));
+    QCOMPARE(singular["empiricalKaiser"].toObject()["factors"].toInt(), 3);
 }
 
 void TestAnalyse::tellsWhatCannotBeWritten()
