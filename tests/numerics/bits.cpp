@@ -4,6 +4,7 @@
 // Prints a hash of what every kernel makes of the same input. However this is compiled, the lines
 // must be the same: so must then be every bit of every result.
 
+#include "numerics/moments.h"
 #include "numerics/product.h"
 #include "numericstest.h"
 
@@ -40,6 +41,7 @@ struct Hashes
     Hash jacobi;
     Hash rotate;
     Hash multiply;
+    Hash moments;
 };
 
 void analyse(int cases, int variables, int factors, int flag, Hashes& hashes)
@@ -61,6 +63,13 @@ void analyse(int cases, int variables, int factors, int flag, Hashes& hashes)
         hashes.rotate.add(elements(rotation.b));
     }
 
+    MomentsGatherer gatherer(x.columns());
+    gatherer.addBlock(x[0], x.rows());
+    gatherer.addBlock(x[0], 3);
+    const Moments moments = gatherer.takeMoments();
+    hashes.moments.add(moments.rest);
+    hashes.moments.add(moments.products);
+
     Matrix scores(cases, variables);
     multiply(scores.rowPointers(), x.rowPointers(), flag, pairs.v.rowPointers(), x.rows(),
              x.columns(), variables);
@@ -80,4 +89,5 @@ int main()
     hashes.jacobi.print("jacobi");
     hashes.rotate.print("rotate");
     hashes.multiply.print("multiply");
+    hashes.moments.print("moments");
 }
