@@ -4,23 +4,12 @@
 #include "input/asciidatareader.h"
 
 #include "input/asciidata.h"
-#include "input/readerreport.h"
+#include "input/scan/faultreport.h"
 #include "input/scan/numberlines.h"
 #include "input/variablenames.h"
 
 #include <new>
 #include <utility>
-
-namespace {
-
-/// An entry of a damaged file may be megabytes long, more than a box can show.
-QString shownEntry(const QString& entry)
-{
-    constexpr qsizetype longest = 1000;
-    return entry.size() <= longest ? entry : entry.first(longest) + QStringLiteral("...");
-}
-
-} // namespace
 
 AsciiDataReader::AsciiDataReader(const QString& fileName, QObject* parent)
     : AsciiReader(fileName, DataLines::Convert, parent)
@@ -33,15 +22,7 @@ bool AsciiDataReader::checkConsistency()
     const LineFault& fault = numbers()->fault();
     if (fault.kind == LineFault::None)
         return true;
-    const QString text =
-        fault.kind == LineFault::EntryCount
-            ? tr("Line %1 has different number of entries compared to line no.1.").arg(fault.line)
-            : tr("Entry in line %1 and column %2 is not a number: %3")
-                  .arg(fault.line)
-                  .arg(fault.entry)
-                  .arg(shownEntry(fault.text));
-    reportReaderMessage(
-        {ReaderMessage::Severity::Information, tr("Error while reading data"), text});
+    pelmora::reportLineFault(fault);
     return false;
 }
 

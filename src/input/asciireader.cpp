@@ -4,7 +4,7 @@
 #include "input/asciireader.h"
 
 #include "input/linetext.h"
-#include "input/readerreport.h"
+#include "input/scan/faultreport.h"
 #include "input/scan/linebuffer.h"
 #include "input/scan/linescan.h"
 #include "input/scan/numberlines.h"
@@ -16,7 +16,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
 #include <new>
 
 namespace {
@@ -46,11 +45,6 @@ bool takeAllPieces(QFile& file, TakePiece takePiece)
             return false;
     }
     return !buffer.failed();
-}
-
-bool isNameLine(const char* p)
-{
-    return std::strncmp(pelmora::skipBlanks(p), "vname", 5) == 0;
 }
 
 unsigned toUnsigned(std::size_t count)
@@ -93,15 +87,14 @@ bool AsciiReader::readFile()
 
 void AsciiReader::showReadError() const
 {
-    reportReaderMessage({ReaderMessage::Severity::Warning, QStringLiteral("Error"),
-                         QStringLiteral("Error while reading file %1").arg(m_fileName)});
+    pelmora::reportReadError(m_fileName);
 }
 
 bool AsciiReader::readNumbers(QFile& file)
 {
     m_numbers->expectText(static_cast<std::size_t>(file.size()));
     return takeAllPieces(file, [this](const char* p) {
-        if (isNameLine(p)) {
+        if (pelmora::isNameLine(p)) {
             const char* end = pelmora::pieceEnd(p);
             m_nameLines.append(trimmedText(p, end));
             return end;

@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
@@ -50,12 +51,22 @@ void LineBuffer::findRun(std::size_t searched)
 /// memory.
 void LineBuffer::cutBehind(std::size_t nul)
 {
-    m_size = nul + 1;
+    m_cutPosition = nul + 1;
+    m_cutBytes += m_size - m_cutPosition;
+    m_size = m_cutPosition;
     std::memset(m_bytes.get() + m_size, 0, numberscan::margin);
+}
+
+std::uint64_t LineBuffer::bytesBefore(const char* position) const
+{
+    const auto inRun = static_cast<std::size_t>(position - m_bytes.get());
+    return m_bytesBefore + inRun + (inRun >= m_cutPosition ? m_cutBytes : 0);
 }
 
 void LineBuffer::dropRun()
 {
+    m_bytesBefore += m_run + m_cutBytes;
+    m_cutBytes = 0;
     m_size -= m_run;
     if (m_run > 0 && m_size > 0)
         std::memmove(m_bytes.get(), m_bytes.get() + m_run, m_size);
@@ -68,8 +79,9 @@ bool LineBuffer::readMore()
         m_failed = true;
         return false;
     }
-    const qint64 count =
-        m_file.read(m_bytes.get() + m_size, static_cast<qint64>(m_capacity - m_size));
+    // Memory that a long line took is not filled with what follows it.
+    const std::size_t room = std::min(m_capacity - m_size, m_chunkSize);
+    const qint64 count = m_file.read(m_bytes.get() + m_size, static_cast<qint64>(room));
     m_failed = count < 0;
     m_atEnd = count == 0;
     if (count > 0)

@@ -6,6 +6,7 @@
 #include "input/scan/numberscan.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 class QFile;
@@ -20,6 +21,7 @@ class LineBuffer
 public:
     static constexpr std::size_t usualChunk = 256 * 1024;
 
+    /// Reads on from where @p file stands.
     explicit LineBuffer(QFile& file, std::size_t chunkSize = usualChunk)
         : m_file(file)
         , m_chunkSize(chunkSize)
@@ -32,6 +34,10 @@ public:
     /// The run; NUL bytes stand behind one without line end.
     const char* begin() const { return m_bytes.get(); }
     const char* end() const { return m_bytes.get() + m_run; }
+
+    /// How many bytes of the file were handed out or passed over before @p position, which is in
+    /// the run.
+    std::uint64_t bytesBefore(const char* position) const;
 
     /// Whether reading failed, or the memory for a line.
     bool failed() const { return m_failed; }
@@ -52,8 +58,11 @@ private:
     std::size_t m_chunkSize;
     std::unique_ptr<char[], Free> m_bytes;
     std::size_t m_capacity = 0;
-    std::size_t m_size = 0; ///< bytes read and not yet dropped
-    std::size_t m_run = 0;  ///< how many of them make up the run
+    std::size_t m_size = 0;          ///< bytes read and not yet dropped
+    std::size_t m_run = 0;           ///< how many of them make up the run
+    std::uint64_t m_bytesBefore = 0; ///< in the file, before those
+    std::size_t m_cutPosition = 0;   ///< where bytes behind a NUL were passed over
+    std::uint64_t m_cutBytes = 0;    ///< how many
     bool m_atEnd = false;
     bool m_failed = false;
 };

@@ -52,4 +52,9 @@ inline const char* skipBlanks(const char* p)
     return p;
 }
 
+inline bool isNameLine(const char* p)
+{
+    return std::strncmp(skipBlanks(p), "vname", 5) == 0;
+}
+
 } // namespace pelmora

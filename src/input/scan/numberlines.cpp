@@ -61,6 +61,13 @@ void NumberLines::Free::operator()(double* block) const
     std::free(block);
 }
 
+void NumberLines::continueBehind(std::size_t lines, std::size_t columns)
+{
+    m_lines = lines;
+    m_columns = columns;
+    m_columnsKnown = true;
+}
+
 const char* NumberLines::takeLine(const char* p, bool& isData)
 {
     const char* start = p;
@@ -96,7 +103,7 @@ void NumberLines::setPlaces(Line& line, std::size_t kept)
         return;
     line.start = m_block.get() + 1 + m_size;
     line.next = line.start + kept;
-    line.limit = line.start + (m_lines == 0 ? m_capacity - m_size : m_columns);
+    line.limit = line.start + (m_columnsKnown ? m_columns : m_capacity - m_size);
 }
 
 void NumberLines::takeEntry(const char* first, const char* last, Line& line)
@@ -118,7 +125,7 @@ bool NumberLines::makeRoom(Line& line)
 {
     if (line.next != line.limit)
         return true;
-    if (m_lines > 0 || m_interrupted)
+    if (m_columnsKnown || m_interrupted)
         return false;
     const std::size_t kept = line.kept();
     if (!reserve(kept + 1))
@@ -129,8 +136,10 @@ bool NumberLines::makeRoom(Line& line)
 
 void NumberLines::endLine(const Line& line, std::size_t length)
 {
-    if (m_lines == 0)
+    const bool isFirst = !m_columnsKnown;
+    if (isFirst)
         m_columns = line.entries();
+    m_columnsKnown = true;
     if (m_fault.kind == LineFault::None) {
         if (line.entries() != m_columns)
             m_fault = {LineFault::EntryCount, m_lines, 0, {}};
@@ -139,7 +148,7 @@ void NumberLines::endLine(const Line& line, std::size_t length)
     }
     m_size += line.kept();
     m_interrupted = m_interrupted || line.kept() < m_columns;
-    if (m_lines == 0 && !m_interrupted)
+    if (isFirst && !m_interrupted)
         reserveForText(length);
     ++m_lines;
 }

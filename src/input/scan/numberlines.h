@@ -34,14 +34,27 @@ public:
     /// when the first line has shown how many they may be.
     void expectText(std::size_t size) { m_textSize = size; }
 
+    /// Takes up where other lines of the same table ended: they count, and the line below must have
+    /// as many entries as they had.
+    void continueBehind(std::size_t lines, std::size_t columns);
+
     /// Takes the line at @p p apart and returns its end: the CR, LF or NUL behind it.
     /// @param isData  false when the line holds anything but numbers; nothing of it is kept then
     const char* takeLine(const char* p, bool& isData);
 
+    /// The lines, those that were continued included.
     std::size_t lineCount() const { return m_lines; }
     /// Entries in the first line.
     std::size_t columnCount() const { return m_columns; }
     const LineFault& fault() const { return m_fault; }
+
+    /// The numbers kept, line by line, and how many there are.
+    const double* kept() const { return m_block ? m_block.get() + 1 : nullptr; }
+    std::size_t keptCount() const { return m_size; }
+    /// Whether a number is missing: on from there none is kept.
+    bool isInterrupted() const { return m_interrupted; }
+    /// Forgets the numbers, not the lines.
+    void dropNumbers() { m_size = 0; }
 
     /// Whether every line has a number in each of the first columnCount() places, and there are
     /// any.
@@ -88,6 +101,7 @@ private:
     std::size_t m_size = 0;                  ///< numbers kept
     std::size_t m_lines = 0;
     std::size_t m_columns = 0;
+    bool m_columnsKnown = false;
     bool m_interrupted = false; ///< a number is missing: on from there none is kept
     LineFault m_fault;
 };
