@@ -20,6 +20,10 @@ struct Command
 
 constexpr Command commands[] = {
     {"analyse", QT_TRANSLATE_NOOP("Batch", "analyse files of raw data or correlations"), analyse},
+    {"correlate", QT_TRANSLATE_NOOP("Batch", "correlate data of any size in one pass"), correlate},
+    {"sums", QT_TRANSLATE_NOOP("Batch", "gather what a part of such data brings"), sums},
+    {"merge", QT_TRANSLATE_NOOP("Batch", "correlate from what the parts bring"), merge},
+    {"score", QT_TRANSLATE_NOOP("Batch", "compute the factor scores of any cases"), score},
 };
 
 QString tr(const char* text)

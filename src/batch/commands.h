@@ -13,5 +13,9 @@ namespace batch {
 int run(const QStringList& arguments);
 
 int analyse(const QStringList& arguments);
+int correlate(const QStringList& arguments);
+int sums(const QStringList& arguments);
+int merge(const QStringList& arguments);
+int score(const QStringList& arguments);
 
 } // namespace batch
