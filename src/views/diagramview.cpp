@@ -12,7 +12,7 @@
 #include <QPixmap>
 #include <QTableView>
 
-#include <algorithm>
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -28,26 +28,39 @@ QPalette lightPalette()
 
 void copyRows(const QImage& strip, QImage& image, int firstRow)
 {
-    for (int row = 0; row < std::min(strip.height(), image.height() - firstRow); ++row)
+    for (int row = 0; row < strip.height(); ++row)
         std::memcpy(image.scanLine(firstRow + row), strip.constScanLine(row),
                     static_cast<std::size_t>(strip.bytesPerLine()));
+}
+
+/// Where the next strip ends: between two rows, since a circle that is cut has other edges. A strip
+/// needs whole pixels, which only whole pixel ratios are sure to give.
+int stripEnd(const QTableView& view, int top)
+{
+    constexpr int least = 256;
+    const double ratio = view.devicePixelRatioF();
+    const auto* rows = view.verticalHeader();
+    const int headerHeight = view.horizontalHeader()->height();
+    const int row = rows->visualIndexAt(top + least - headerHeight);
+    if (row < 0 || ratio != std::floor(ratio))
+        return view.height();
+    return headerHeight + rows->sectionViewportPosition(rows->logicalIndex(row)) +
+           rows->sectionSize(rows->logicalIndex(row));
 }
 
 /// A picture of the whole view, strip by strip, so that it can be watched and cancelled; then it is
 /// null.
 QImage grabbed(QTableView& view)
 {
-    // Whole pixels with every usual pixel ratio.
-    constexpr int stripHeight = 256;
     // The first picture only forces layout and painting.
     view.grab(QRect(0, 0, 1, 1));
     QImage image;
     int firstRow = 0;
-    for (int top = 0; top < view.height(); top += stripHeight) {
-        const int height = std::min(stripHeight, view.height() - top);
-        const QImage strip = view.grab(QRect(0, top, view.width(), height)).toImage();
-        const double ratio = strip.devicePixelRatio();
+    for (int top = 0, end = 0; top < view.height(); top = end) {
+        end = stripEnd(view, top);
+        const QImage strip = view.grab(QRect(0, top, view.width(), end - top)).toImage();
         if (top == 0) {
+            const double ratio = strip.devicePixelRatio();
             image = QImage((QSizeF(view.size()) * ratio).toSize(), strip.format());
             image.setDevicePixelRatio(ratio);
         }
@@ -55,8 +68,8 @@ QImage grabbed(QTableView& view)
             return {};
         copyRows(strip, image, firstRow);
         firstRow += strip.height();
-        if (!pelmora::goOn({.work = pelmora::Progress::Work::Drawing,
-                            .done = double(top + height) / view.height()}))
+        if (!pelmora::goOn(
+                {.work = pelmora::Progress::Work::Drawing, .done = double(end) / view.height()}))
             return {};
     }
     return image;
