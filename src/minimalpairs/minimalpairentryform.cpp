@@ -6,6 +6,7 @@
 #include "output/numbertext.h"
 #include "ui_minimalpairentryform.h"
 #include "views/nameheaders.h"
+#include "views/numbertable.h"
 #include "views/plaintooltip.h"
 #include "views/tablecopy.h"
 
@@ -19,6 +20,7 @@ enum Column { FirstVariable, SecondVariable, Difference, ColumnCount };
 void setNumber(QTableWidget* table, int row, int column, double value, unsigned decimals)
 {
     auto* item = new QTableWidgetItem(numbertext::fixed(value, decimals));
+    item->setData(exactNumberRole, value);
     item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     table->setItem(row, column, item);
 }

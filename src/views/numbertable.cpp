@@ -58,6 +58,8 @@ QVariant NumberTableModel::data(const QModelIndex& index, int role) const
         return QVariant();
     if (role == Qt::DisplayRole)
         return numbertext::fixed(value(index.row(), index.column()), m_decimals);
+    if (role == exactNumberRole)
+        return value(index.row(), index.column());
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
     return QVariant();

@@ -10,6 +10,9 @@
 
 class QTableView;
 
+/// What a cell with a rounded text gives its number under.
+inline constexpr int exactNumberRole = Qt::UserRole;
+
 /// Shows a matrix as numbers without an item per cell: texts are made when a cell is looked at,
 /// with the decimals that were in force when the table was filled.
 class NumberTableModel : public QAbstractTableModel
@@ -33,7 +36,8 @@ public:
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// Display: fixed notation, rounded first. Alignment: right, vertically centred.
+    /// Display: fixed notation, rounded first. Alignment: right, vertically centred. The number
+    /// itself under exactNumberRole.
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 

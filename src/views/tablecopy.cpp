@@ -5,6 +5,7 @@
 
 #include "output/numbertext.h"
 #include "settings/settings.h"
+#include "views/numbertable.h"
 #include "views/waitcursor.h"
 
 #include <QAbstractItemView>
@@ -12,12 +13,19 @@
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QMimeData>
+#include <QMouseEvent>
 
 #include <algorithm>
 #include <numeric>
 #include <vector>
 
 namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("TableCopy", text);
+}
 
 /// What is copied: rows and columns that hold a selected cell, all of them without a selection.
 struct Extent
@@ -55,61 +63,123 @@ Extent extentOf(const QAbstractItemModel& model, const QItemSelection& selection
     return {keepMarked(rows), keepMarked(columns)};
 }
 
-/// Characters that would end a field or a line become blanks.
-QString field(const QVariant& value, unsigned decimals)
+bool isNumber(const QModelIndex& index)
 {
-    if (value.userType() == QMetaType::Double)
-        return numbertext::fixed(value.toDouble(), decimals);
+    return index.data().userType() == QMetaType::Double || index.data(exactNumberRole).isValid();
+}
+
+bool holdsNumber(const QAbstractItemModel& model, const std::vector<int>& rows, int column)
+{
+    return std::any_of(rows.begin(), rows.end(),
+                       [&](int row) { return isNumber(model.index(row, column)); });
+}
+
+/// Characters that would end a field or a line become blanks.
+QString line(const QVariant& value)
+{
     QString text = value.toString();
     for (QChar& c : text)
-        if (c == u'\t' || c == u'\n' || c == u'\r')
+        if (c.category() == QChar::Other_Control)
             c = u' ';
     return text;
 }
 
-void copyTable(const QAbstractItemView& view)
+QString allDigits(const QModelIndex& index)
 {
-    const WaitCursor waitCursor;
-    QGuiApplication::clipboard()->setText(tableText(view));
+    const QVariant exact = index.data(exactNumberRole);
+    const QVariant number = exact.isValid() ? exact : index.data();
+    return QString::fromStdString(numbertext::shortest(number.toDouble()));
+}
+
+QString shownText(const QModelIndex& index, unsigned decimals)
+{
+    const QVariant shown = index.data();
+    return shown.userType() == QMetaType::Double ? numbertext::fixed(shown.toDouble(), decimals)
+                                                 : line(shown);
+}
+
+/// A press of the right button ends here: it would select the cell below, and the menu that comes
+/// with it is for what was selected before.
+class RightButtonFilter : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        const bool isPress = event->type() == QEvent::MouseButtonPress ||
+                             event->type() == QEvent::MouseButtonDblClick;
+        return isPress && static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+    }
+};
+
+template <QString (*toText)(const TableGrid&)>
+void putText(const TableGrid& grid)
+{
+    QGuiApplication::clipboard()->setText(toText(grid));
+}
+
+/// Word processors take the table, everything else the text.
+void putDocument(const TableGrid& grid)
+{
+    auto* both = new QMimeData;
+    both->setHtml(htmlTable(grid));
+    both->setText(tabSeparatedTable(grid));
+    QGuiApplication::clipboard()->setMimeData(both);
+}
+
+QAction* addCopy(QAbstractItemView* view, const QString& title, void (*put)(const TableGrid&),
+                 CopiedDigits digits = CopiedDigits::AsShown)
+{
+    auto* copy = new QAction(title, view);
+    QObject::connect(copy, &QAction::triggered, view, [=] {
+        const WaitCursor waitCursor;
+        put(copiedGrid(*view, digits));
+    });
+    view->addAction(copy);
+    return copy;
 }
 
 } // namespace
 
 void installTableCopy(QAbstractItemView* view)
 {
-    auto* copy = new QAction(QCoreApplication::translate("TableCopy", "Copy"), view);
+    // Text alone: a spreadsheet prefers a table in HTML and reads its numbers by its own language.
+    QAction* copy = addCopy(view, tr("Copy"), putText<tabSeparatedTable>);
     // Not Ctrl+C: that begins the two-key shortcuts of the menus, which must work in a table too.
     copy->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Insert));
     copy->setShortcutContext(Qt::WidgetShortcut);
-    QObject::connect(copy, &QAction::triggered, view, [view] { copyTable(*view); });
-    view->addAction(copy);
+    addCopy(view, tr("Copy with all digits"), putText<tabSeparatedTable>, CopiedDigits::All);
+    addCopy(view, tr("Copy as document table"), putDocument);
+    addCopy(view, tr("Copy as Markdown"), putText<markdownTable>);
+    addCopy(view, tr("Copy as LaTeX"), putText<latexTable>);
     view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    view->viewport()->installEventFilter(new RightButtonFilter(view));
 }
 
-QString tableText(const QAbstractItemView& view)
+TableGrid copiedGrid(const QAbstractItemView& view, CopiedDigits digits)
 {
+    TableGrid grid;
     const QAbstractItemModel* model = view.model();
     if (!model)
-        return QString();
+        return grid;
     const QItemSelection selection = view.selectionModel()->selection();
     const Extent extent = extentOf(*model, selection);
+    for (int column : extent.columns)
+        grid.columns.push_back({line(model->headerData(column, Qt::Horizontal)),
+                                holdsNumber(*model, extent.rows, column)});
+    for (int row : extent.rows)
+        grid.rowHeadings += line(model->headerData(row, Qt::Vertical));
     // Only a selection of several pieces leaves holes in its extent.
     const bool holes = selection.size() > 1;
     const unsigned decimals = settings::precision();
-
-    QString text;
-    for (int column : extent.columns)
-        text += u'\t' + field(model->headerData(column, Qt::Horizontal), decimals);
-    text += u'\n';
-    for (int row : extent.rows) {
-        text += field(model->headerData(row, Qt::Vertical), decimals);
-        for (int column : extent.columns) {
-            const QModelIndex index = model->index(row, column);
-            text += u'\t';
-            if (!holes || selection.contains(index))
-                text += field(index.data(), decimals);
-        }
-        text += u'\n';
-    }
-    return text;
+    grid.cell = [=](int row, int column) {
+        const QModelIndex index = model->index(extent.rows[static_cast<std::size_t>(row)],
+                                               extent.columns[static_cast<std::size_t>(column)]);
+        if (holes && !selection.contains(index))
+            return QString();
+        return digits == CopiedDigits::All && isNumber(index) ? allDigits(index)
+                                                              : shownText(index, decimals);
+    };
+    return grid;
 }

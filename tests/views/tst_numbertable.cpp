@@ -4,12 +4,9 @@
 #include "support/testsettings.h"
 #include "views/loadings.h"
 #include "views/numbertable.h"
-#include "views/tablecopy.h"
 #include "views/widgets.h"
 
 #include <QAbstractItemModelTester>
-#include <QAction>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QTest>
 
@@ -102,33 +99,6 @@ private slots:
         fitRowHeights(&table.view);
         QCOMPARE(table.view.rowHeight(0), ordinary);
         QVERIFY(table.view.rowHeight(1) >= 4 * table.view.fontMetrics().height());
-    }
-
-    void copyTakesEverythingOrTheSelection()
-    {
-        Table table(matrixOf({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}), {"x", "two\twords\nhere", "x"});
-        QCOMPARE(tableText(table.view), "\tA\tB\tC\n"
-                                        "x\t1.00\t2.00\t3.00\n"
-                                        "two words here\t4.00\t5.00\t6.00\n"
-                                        "x\t7.00\t8.00\t9.00\n");
-        for (int i : {0, 2})
-            table.view.selectionModel()->select(table.model.index(i, i),
-                                                QItemSelectionModel::Select);
-        QCOMPARE(tableText(table.view), "\tA\tC\nx\t1.00\t\nx\t\t9.00\n");
-        QVERIFY(tableText(QTableView()).isEmpty());
-    }
-
-    void copyIsReachedByKeyAndMenu()
-    {
-        Table table(matrixOf({{1}}));
-        installTableCopy(&table.view);
-        QCOMPARE(table.view.contextMenuPolicy(), Qt::ActionsContextMenu);
-        QCOMPARE(table.view.actions().value(0)->text(), "Copy");
-        table.view.show();
-        table.view.setFocus();
-        QVERIFY(QTest::qWaitForWindowActive(&table.view));
-        QTest::keyClick(&table.view, Qt::Key_Insert, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(), "\tA\nx\t1.00\n");
     }
 };
 
