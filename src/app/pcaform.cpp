@@ -135,37 +135,36 @@ void PCAForm::on_processButton_clicked()
 
 void PCAForm::on_pushButtonExportEigenwerte_clicked()
 {
-    save(QStringLiteral("*.eig"), [this](std::ostream& out) {
-        writeEigenvalues(out, m_session->decomposition().eigenvalues, settings::precision());
+    save(QStringLiteral("*.eig"), [this](std::ostream& out, unsigned decimals) {
+        writeEigenvalues(out, m_session->decomposition().eigenvalues, decimals);
     });
 }
 
 void PCAForm::on_pushButtonExportEigenvektoren_clicked()
 {
-    save(QStringLiteral("*.vec"), [this](std::ostream& out) {
-        writeFactorMatrix(out, m_session->decomposition().eigenvectors, m_names,
-                          settings::precision());
+    save(QStringLiteral("*.vec"), [this](std::ostream& out, unsigned decimals) {
+        writeFactorMatrix(out, m_session->decomposition().eigenvectors, m_names, decimals);
     });
 }
 
 void PCAForm::on_pushButton_clicked()
 {
-    save(QStringLiteral("*.ini"), [this](std::ostream& out) {
-        writeFactorMatrix(out, m_session->decomposition().initialLoadings, m_names,
-                          settings::precision());
+    save(QStringLiteral("*.ini"), [this](std::ostream& out, unsigned decimals) {
+        writeFactorMatrix(out, m_session->decomposition().initialLoadings, m_names, decimals);
     });
 }
 
-void PCAForm::save(const QString& filter, const std::function<void(std::ostream&)>& write)
+void PCAForm::save(const QString& filter, const Write& write)
 {
     if (!m_session)
         return;
-    const FileExport fileExport{tr("Please select folder and filename to save values"),
-                                m_session->outputStem(), filter,
-                                tr("Error while trying to save file"), tr("Cannot write to file!")};
-    runExport(this, fileExport, [&](std::ostream& out) {
-        // The session may have been closed while the dialog stood.
-        if (m_session)
-            write(out);
-    });
+    const unsigned decimals = settings::precision();
+    FileExport fileExport;
+    fileExport.caption = tr("Please select folder and filename to save values");
+    fileExport.proposedFile = m_session->outputStem();
+    fileExport.filter = filter;
+    fileExport.failureTitle = tr("Error while trying to save file");
+    fileExport.badStreamText = tr("Cannot write to file!");
+    fileExport.inPlaceOfInput = decimalsInPlaceOfInput(decimals);
+    runExport(this, m_session, fileExport, [&](std::ostream& out) { write(out, decimals); });
 }

@@ -46,7 +46,8 @@ private slots:
     void on_pushButton_clicked();
 
 private:
-    void save(const QString& filter, const std::function<void(std::ostream&)>& write);
+    using Write = std::function<void(std::ostream&, unsigned decimals)>;
+    void save(const QString& filter, const Write& write);
     void presetNumberOfFactors(const pelmora::Vector& eigenvalues);
     void releaseSessionData();
 

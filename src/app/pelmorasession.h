@@ -46,7 +46,6 @@ public:
     /// The raw data where there are any, else the correlations. Throws std::logic_error with the
     /// text "Internal Error!" when there are neither.
     const AsciiData& currentMatrix() const;
-    QString inputFile() const;
 
     bool createDataPage();
     bool createCorrelationPageFromData();
@@ -62,6 +61,7 @@ public:
     /// The names as files hold them.
     const VariableNames& names() const { return m_correlations.names(); }
 
+    QString inputFile() const override;
     QString outputStem() const override;
     QVector<QString> variableNames() const override;
     void setVariableNames(const QVector<QString>& names) override;

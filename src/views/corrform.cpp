@@ -8,18 +8,11 @@
 #include "settings/settings.h"
 #include "ui_corrform.h"
 #include "views/dialogvarnames.h"
+#include "views/fileexport.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/shadedelegate.h"
 #include "views/tablecopy.h"
-#include "views/waitcursor.h"
-
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QMessageBox>
-
-#include <exception>
-#include <fstream>
 
 namespace {
 
@@ -28,19 +21,6 @@ bool& lastShading()
 {
     static bool shading = true;
     return shading;
-}
-
-/// False when not everything has reached the file.
-bool writeAndClose(std::ofstream& file, const CorrelationData& correlations)
-{
-    const WaitCursor waitCursor;
-    try {
-        writeCorrelations(file, correlations.matrix(), correlations.names(), settings::precision());
-        file.close();
-    } catch (const std::exception&) {
-        return false;
-    }
-    return !file.fail();
 }
 
 } // namespace
@@ -116,24 +96,19 @@ void CorrForm::on_pushButtonSave_clicked()
 {
     if (!m_correlations)
         return;
-    const QString fileName =
-        QFileDialog::getSaveFileName(this, tr("Export correlation matrix"), m_session->outputStem(),
-                                     tr("Correlation Files (*.cor)"));
-    if (!fileName.isEmpty() && m_correlations) // the session may go while the dialog is open
-        writeTo(fileName);
-}
-
-void CorrForm::writeTo(const QString& fileName)
-{
-    std::ofstream file(QFileInfo(fileName).filesystemFilePath());
-    if (!file) {
-        QMessageBox::warning(this, tr("Error"), tr("Cannot open file for writing."));
-        return;
-    }
-    if (!writeAndClose(file, *m_correlations)) {
-        QMessageBox::warning(this, tr("Error while trying to save file"),
-                             tr("Cannot write to file!"));
-        return;
-    }
-    settings::setLastCorrelationExportLocation(fileName);
+    const unsigned decimals = settings::precision();
+    FileExport fileExport;
+    fileExport.caption = tr("Export correlation matrix");
+    fileExport.proposedFile = m_session->outputStem();
+    fileExport.filter = tr("Correlation Files (*.cor)");
+    fileExport.openingTitle = tr("Error");
+    fileExport.openingText = tr("Cannot open file for writing.");
+    fileExport.failureTitle = tr("Error while trying to save file");
+    fileExport.badStreamText = tr("Cannot write to file!");
+    fileExport.inPlaceOfInput = decimalsInPlaceOfInput(decimals);
+    const QString written = runExport(this, m_session, fileExport, [=, this](std::ostream& out) {
+        writeCorrelations(out, m_correlations->matrix(), m_correlations->names(), decimals);
+    });
+    if (!written.isEmpty())
+        settings::setLastCorrelationExportLocation(written);
 }

@@ -42,7 +42,6 @@ private slots:
 private:
     void showNames(const QVector<QString>& names);
     void releaseSessionData();
-    void writeTo(const QString& fileName);
 
     std::unique_ptr<Ui::CorrForm> m_ui;
     QPointer<SessionFace> m_session;

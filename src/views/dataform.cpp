@@ -165,14 +165,14 @@ void DataForm::on_pushButtonSave_clicked()
 {
     if (!m_data)
         return;
-    // The session may go while the dialog is open.
-    const auto write = [this](std::ostream& out) {
-        if (m_data)
-            writeRawData(out, m_data->matrix(), m_data->names());
-    };
-    runExport(this,
-              {tr("Please select folder and filename to save values"), m_session->outputStem(),
-               QStringLiteral("*.dat"), tr("Error while trying to save file"),
-               tr("Cannot write to file!")},
-              write);
+    FileExport fileExport;
+    fileExport.caption = tr("Please select folder and filename to save values");
+    fileExport.proposedFile = m_session->outputStem();
+    fileExport.filter = QStringLiteral("*.dat");
+    fileExport.failureTitle = tr("Error while trying to save file");
+    fileExport.badStreamText = tr("Cannot write to file!");
+    fileExport.inPlaceOfInput =
+        tr("All decimals stay, but comments and other lines would be lost.");
+    runExport(this, m_session, fileExport,
+              [this](std::ostream& out) { writeRawData(out, m_data->matrix(), m_data->names()); });
 }

@@ -144,7 +144,7 @@ QString FactorForm::proposedFile(const QString& pattern, const QString& extensio
                        QString::number(m_numberOfFactors), extension);
 }
 
-void FactorForm::exportText(const QString& extension,
+void FactorForm::exportText(const QString& extension, unsigned decimals,
                             const std::function<void(std::ostream&)>& write)
 {
     FileExport fileExport;
@@ -152,21 +152,23 @@ void FactorForm::exportText(const QString& extension,
     fileExport.proposedFile = proposedFile(QStringLiteral("%1_%2.%3"), extension);
     fileExport.filter = QStringLiteral("*.%1").arg(extension);
     fileExport.failureTitle = tr("Error while saving data");
-    runExport(this, fileExport, write);
+    fileExport.inPlaceOfInput = decimalsInPlaceOfInput(decimals);
+    runExport(this, m_session, fileExport, write);
 }
 
 void FactorForm::on_ExportRotated_clicked()
 {
-    exportText(loadingsExtension(m_kind), [this](std::ostream& out) {
-        writeLoadings(out, m_loadings, m_model->numberOfFactors(), settings::precision());
+    const unsigned decimals = settings::precision();
+    exportText(loadingsExtension(m_kind), decimals, [=, this](std::ostream& out) {
+        writeLoadings(out, m_loadings, m_model->numberOfFactors(), decimals);
     });
 }
 
 void FactorForm::on_pushButtonSaveScores_clicked()
 {
-    exportText(scoresExtension(m_kind), [this](std::ostream& out) {
-        writeScores(out, m_scores, m_scoresModel->decimals());
-    });
+    const unsigned decimals = m_scoresModel->decimals();
+    exportText(scoresExtension(m_kind), decimals,
+               [=, this](std::ostream& out) { writeScores(out, m_scores, decimals); });
 }
 
 void FactorForm::on_ImageButton_clicked()
@@ -194,6 +196,7 @@ void FactorForm::on_ImageButton_clicked()
         proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) + png;
     fileExport.filter = tr("%1 Files (*.%2);;All Files (*)").arg(QStringLiteral("PNG"), png);
     fileExport.failureTitle = tr("Error while saving data");
+    fileExport.inPlaceOfInput = tr("A picture would take its place.");
     fileExport.isBinary = true;
-    runExport(this, fileExport, [&image](std::ostream& out) { writePng(out, image); });
+    runExport(this, m_session, fileExport, [&image](std::ostream& out) { writePng(out, image); });
 }

@@ -59,7 +59,8 @@ private:
     void showScores();
     void zoom(int value);
     QString proposedFile(const QString& pattern, const QString& extension) const;
-    void exportText(const QString& extension, const std::function<void(std::ostream&)>& write);
+    void exportText(const QString& extension, unsigned decimals,
+                    const std::function<void(std::ostream&)>& write);
 
     std::unique_ptr<Ui::FactorForm> m_ui;
     int m_numberOfFactors;

@@ -3,15 +3,18 @@
 
 #include "views/fileexport.h"
 
+#include "output/filewriter.h"
+#include "views/sessionface.h"
 #include "views/waitcursor.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 
-#include <fstream>
-#include <ios>
+#include <optional>
 
 namespace {
 
@@ -20,46 +23,129 @@ QString tr(const char* text)
     return QCoreApplication::translate("FileExport", text);
 }
 
-/// Writes and closes; the text of what went wrong, null for success.
-QString writeAndClose(std::ofstream& file, const QString& badStreamText,
-                      const std::function<void(std::ostream&)>& write)
+/// Page and session of an export. Either may go while a dialog stands, and the dialog with it.
+class Surroundings
 {
-    const WaitCursor waitCursor;
-    try {
-        file.exceptions(std::ios_base::failbit | std::ios_base::badbit);
-        write(file);
-        // A full disk is often met only now, and the destructor would keep it to itself.
-        file.close();
-    } catch (const std::ios_base::failure& failure) {
-        return badStreamText.isEmpty() ? QString::fromLocal8Bit(failure.what()) : badStreamText;
-    } catch (const std::exception& failure) {
-        return QString::fromLocal8Bit(failure.what());
+public:
+    Surroundings(QWidget* page, SessionFace* session)
+        : m_page(page)
+        , m_session(session)
+        , m_hadSession(session)
+    {
     }
-    return QString();
+
+    QWidget* page() const { return m_page; }
+    SessionFace* session() const { return m_session; }
+    bool areThere() const { return m_page && (m_session || !m_hadSession); }
+
+    /// The dialog is a child of the page, which deletes it when it goes.
+    void run(QDialog* dialog) const
+    {
+        const auto end = [dialog] {
+            // A question of the dialog's own, such as whether to replace a file.
+            for (auto* question : dialog->findChildren<QDialog*>())
+                question->reject();
+            dialog->reject();
+        };
+        if (m_session)
+            QObject::connect(m_session, &QObject::destroyed, dialog, end);
+        dialog->exec();
+    }
+
+private:
+    QPointer<QWidget> m_page;
+    QPointer<SessionFace> m_session;
+    bool m_hadSession;
+};
+
+QString askForFile(const Surroundings& around, const FileExport& fileExport)
+{
+    const QPointer<QFileDialog> dialog = new QFileDialog(
+        around.page(), fileExport.caption, fileExport.proposedFile, fileExport.filter);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setSupportedSchemes({QStringLiteral("file")});
+    around.run(dialog);
+    if (!dialog)
+        return {};
+    const QString path =
+        dialog->result() == QDialog::Accepted ? dialog->selectedFiles().value(0) : QString();
+    delete dialog;
+    return around.areThere() ? path : QString();
+}
+
+bool isInputOf(const SessionFace* session, const QString& path)
+{
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return session && !canonical.isEmpty() &&
+           canonical == QFileInfo(session->inputFile()).canonicalFilePath();
+}
+
+bool mayReplaceInput(const Surroundings& around, const FileExport& fileExport)
+{
+    const QPointer<QMessageBox> box = new QMessageBox(
+        QMessageBox::Question, tr("Replace the input file?"),
+        tr("The session was read from this file. %1 Replace it?").arg(fileExport.inPlaceOfInput),
+        QMessageBox::Yes | QMessageBox::No, around.page());
+    box->setDefaultButton(QMessageBox::No);
+    around.run(box);
+    const bool yes = box && box->clickedButton() == box->button(QMessageBox::Yes);
+    delete box;
+    return yes && around.areThere();
+}
+
+/// Without rich text: a path may look like markup.
+void tell(const Surroundings& around, const QString& title, const QString& text,
+          const QString& details)
+{
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, around.page());
+    box->setInformativeText(details);
+    for (auto* label : box->findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    around.run(box);
+    delete box;
+}
+
+void tell(const Surroundings& around, const FileExport& fileExport, const WriteFailure& failure)
+{
+    const bool cannotOpen = failure.step == WriteFailure::Step::Opening;
+    if (cannotOpen && fileExport.openingTitle.isEmpty())
+        tell(around, tr("Error opening file"), tr("Cannot open file %1").arg(failure.path),
+             failure.text());
+    else if (cannotOpen)
+        tell(around, fileExport.openingTitle, fileExport.openingText, failure.text());
+    else if (failure.step == WriteFailure::Step::Writing && !fileExport.badStreamText.isEmpty())
+        tell(around, fileExport.failureTitle, fileExport.badStreamText, failure.text());
+    else
+        tell(around, fileExport.failureTitle, failure.text(), QString());
+}
+
+std::optional<WriteFailure> writeWaiting(const QString& path, const FileExport& fileExport,
+                                         const std::function<void(std::ostream&)>& write)
+{
+    const WaitCursor waiting;
+    return writeFile(path, write,
+                     fileExport.isBinary ? LineEnds::AsWritten : LineEnds::OfThePlatform);
 }
 
 } // namespace
 
-void runExport(QWidget* parent, const FileExport& fileExport,
-               const std::function<void(std::ostream&)>& write)
+QString decimalsInPlaceOfInput(unsigned decimals)
 {
-    const QString fileName = QFileDialog::getSaveFileName(
-        parent, fileExport.caption, fileExport.proposedFile, fileExport.filter);
-    if (fileName.isEmpty())
-        return;
+    return tr("The new file would have no more decimals than %1.").arg(decimals);
+}
 
-    // A narrow file name would be taken for the local code page on some systems.
-    const auto mode = fileExport.isBinary ? std::ios_base::binary : std::ios_base::openmode();
-    std::ofstream file(QFileInfo(fileName).filesystemFilePath(), mode);
-    if (!file) {
-        QMessageBox box(QMessageBox::Warning, tr("Error opening file"),
-                        tr("Cannot open file %1").arg(fileName), QMessageBox::Ok, parent);
-        // A file's name may look like markup.
-        box.setTextFormat(Qt::PlainText);
-        box.exec();
-        return;
+QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
+                  const std::function<void(std::ostream&)>& write)
+{
+    const Surroundings around(page, session);
+    const QString path = askForFile(around, fileExport);
+    if (path.isEmpty() ||
+        (isInputOf(around.session(), path) && !mayReplaceInput(around, fileExport)))
+        return {};
+    if (const auto failure = writeWaiting(path, fileExport, write)) {
+        tell(around, fileExport, *failure);
+        return {};
     }
-    const QString failure = writeAndClose(file, fileExport.badStreamText, write);
-    if (!failure.isNull())
-        QMessageBox::warning(parent, fileExport.failureTitle, failure);
+    return path;
 }

@@ -9,6 +9,7 @@
 #include <iosfwd>
 
 class QWidget;
+class SessionFace;
 
 /// An export that asks for a file name, writes, and shows every failure in a box.
 struct FileExport
@@ -16,14 +17,25 @@ struct FileExport
     QString caption;      ///< title of the save dialog
     QString proposedFile; ///< path that the dialog starts with
     QString filter;
-    QString failureTitle; ///< title of the box that shows an exception raised while writing
-    /// Text of that box for a stream that went bad; empty: the exception's own message.
+    QString
+        openingTitle; ///< title of the box for a file that cannot be opened; empty: the usual one
+    QString openingText;  ///< and its text
+    QString failureTitle; ///< title of the box that shows a failure while writing
+    /// Text of that box for a file that refuses bytes; empty: path and reason.
     QString badStreamText;
+    /// What becomes of the session's input file if this takes its place, as a sentence.
+    QString inPlaceOfInput;
     bool isBinary = false; ///< otherwise line ends become the platform's
 };
 
-/// Runs @p fileExport with @p parent under its dialogs. A cancelled dialog ends it silently. What
-/// was written before a failure stays in the file.
-/// @param write  writes bytes, text as Latin-1; the stream throws std::ios_base::failure
-void runExport(QWidget* parent, const FileExport& fileExport,
-               const std::function<void(std::ostream&)>& write);
+/// The sentence for a file of numbers with so many decimals.
+QString decimalsInPlaceOfInput(unsigned decimals);
+
+/// Runs @p fileExport with @p page under its dialogs. A cancelled dialog ends it silently, and so
+/// does the end of the page or the session while a dialog stands. Asks once more before it replaces
+/// the session's input. A failure leaves what stood in the file.
+/// @param session  null when it ended before
+/// @param write  writes bytes, text as Latin-1; see writeFile()
+/// @return the path of the file that has been written, else an empty one
+QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
+                  const std::function<void(std::ostream&)>& write);

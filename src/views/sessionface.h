@@ -16,6 +16,8 @@ class SessionFace : public QObject
 public:
     using QObject::QObject;
 
+    /// The file that the session was read from.
+    virtual QString inputFile() const = 0;
     /// Absolute folder of the input file, "/", and the file's name without its last extension.
     virtual QString outputStem() const = 0;
 

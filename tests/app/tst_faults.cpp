@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "apptest.h"
+#include "support/fullfiles.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QStatusBar>
 
 #include <clocale>
@@ -20,6 +23,12 @@ qint64 memoryInUse()
     return status.readAll().split(' ').value(1).toLongLong() * 4;
 }
 
+QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
 } // namespace
 
 /// What the world may do to a running program: files that go away, settings that make no sense,
@@ -33,7 +42,10 @@ private slots:
     void strangeInputFiles();
     void aFileThatVanishesAfterTheDialog();
     void everyExportSurvivesABadPlace();
-    void anExportMayReplaceItsOwnInput();
+    void anExportThatFailsLeavesTheOldFile();
+    void everyExportAsksBeforeItReplacesItsInput_data();
+    void everyExportAsksBeforeItReplacesItsInput();
+    void aSessionMayEndUnderItsOwnDialog_data();
     void aSessionMayEndUnderItsOwnDialog();
     void everyDialogMayBeEscaped();
     void nonsenseInEverySetting();
@@ -115,42 +127,139 @@ void TestFaults::everyExportSurvivesABadPlace()
             });
             button->click();
             const QStringList shown = m_dialogs.takeRecord();
-            QVERIFY2(shown.size() == 2 && shown.last().startsWith("Error"),
+            QVERIFY2(shown.size() == 2 && shown.last().startsWith("Error") &&
+                         shown.last().contains(place + ": "),
                      qPrintable(button->objectName() + u' ' + shown.join(u'\n')));
         }
     }
     QCOMPARE(sessions()->count(), 1);
 }
 
-void TestFaults::anExportMayReplaceItsOwnInput()
+void TestFaults::anExportThatFailsLeavesTheOldFile()
 {
-    const SampleFile file("data.txt", fourCases);
-    openSession(file.path());
-    pages()->setCurrentIndex(0);
-    m_dialogs.chooseFile(file.path());
-    find<QPushButton>("pushButtonSave")->click();
-    read("actionDataASCII", file.path());
-    QCOMPARE(m_window->statusBar()->currentMessage(),
-             QStringLiteral("Read data matrix, 4 rows and 3 cols"));
+    const SampleFile data("data.txt", fourCases);
+    openSession(data.path());
+    const SampleFile old("old", "old");
+    for (auto* button : buttons()) {
+        m_dialogs.takeRecord();
+        m_dialogs.chooseFile(old.path());
+        const FullFiles limit(10);
+        button->click();
+        const QString box = m_dialogs.takeRecord().last();
+        QVERIFY2(box.endsWith(old.path() + ": File too large"), qPrintable(box));
+        QCOMPARE(contentsOf(old.path()), "old");
+    }
+    QCOMPARE(QDir(old.folder()).entryList(QDir::Files | QDir::Hidden), QStringList("old"));
+}
+
+void TestFaults::everyExportAsksBeforeItReplacesItsInput_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("firstPage");
+    const QString decimals = QStringLiteral("The new file would have no more decimals than 3.");
+    QTest::newRow("raw data") << QStringLiteral("actionDataASCII") << fourCases
+                              << QStringLiteral("All decimals stay, but comments and other lines "
+                                                "would be lost.");
+    QTest::newRow("correlations") << QStringLiteral("actionCorrASCII")
+                                  << QByteArray("1\n.12345 1\n.3 .4 1\n") << decimals;
+}
+
+void TestFaults::everyExportAsksBeforeItReplacesItsInput()
+{
+    QFETCH(QString, action);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, firstPage);
+    const QString title = QStringLiteral("Replace the input file?");
+    m_settings.set(QStringLiteral("Precision"), 3);
+    const SampleFile file("data.txt", bytes);
+    const QString link = file.folder() + "/link";
+    QVERIFY(QFile::link(file.path(), link));
+    read(action, QDir().relativeFilePath(file.path()));
+    find<QPushButton>("processButton")->click();
+    for (auto* button : buttons()) {
+        m_dialogs.takeRecord();
+        for (const QString& path : {file.path(), QDir().relativeFilePath(file.path()), link}) {
+            m_dialogs.onBox(title, [](QMessageBox* box) { box->defaultButton()->click(); });
+            m_dialogs.chooseFile(path);
+            button->click();
+            QCOMPARE(contentsOf(file.path()), bytes);
+        }
+        m_dialogs.onBox({}, {}); // yes
+        m_dialogs.chooseFile(link);
+        button->click();
+        QVERIFY2(contentsOf(file.path()) != bytes, qPrintable(button->objectName()));
+        QVERIFY(QFileInfo(link).isSymLink());
+
+        QFile original(file.path());
+        QVERIFY(original.open(QIODevice::WriteOnly) && original.write(bytes) == bytes.size());
+        QStringList asked = m_dialogs.takeRecord();
+        asked.removeIf([&](const QString& box) { return !box.startsWith(title); });
+        QCOMPARE(asked.size(), 4);
+        if (button->objectName() == "pushButtonSave" && pages()->widget(0)->isAncestorOf(button))
+            QCOMPARE(asked.first(),
+                     title + "|The session was read from this file. " + firstPage + " Replace it?");
+    }
+    m_dialogs.onBox({}, {});
+}
+
+void TestFaults::aSessionMayEndUnderItsOwnDialog_data()
+{
+    QTest::addColumn<QString>("target"); // "" is the session's own input
+    QTest::addColumn<bool>("underAQuestion");
+    QTest::addColumn<bool>("withWindow");
+    QTest::addRow("a new file") << "new" << false << false;
+    QTest::addRow("an old file") << "old" << false << false;
+    QTest::addRow("the question of the dialog") << "old" << true << false;
+    QTest::addRow("the question about the input") << "" << true << false;
+    // The toolkit's question, a part of its dialog, does not bear the end of the window.
+    QTest::addRow("an old file, with the window") << "old" << false << true;
+    QTest::addRow("the question about the input, with the window") << "" << true << true;
 }
 
 void TestFaults::aSessionMayEndUnderItsOwnDialog()
 {
+    QFETCH(QString, target);
+    QFETCH(bool, underAQuestion);
+    QFETCH(bool, withWindow);
     const SampleFile file("data.txt", fourCases);
-    openSession(file.path());
-    const int count = buttons().size();
-    for (int i = 0; i < count; ++i) {
-        if (sessions()->count() == 0)
-            openSession(file.path());
-        auto* button = buttons().value(buttons().size() - count + i);
-        m_dialogs.onDialog([&](QDialog* dialog) {
+    const SampleFile old("old", "old");
+    const QString path = target.isEmpty() ? file.path() : old.folder() + u'/' + target;
+    const auto endSession = [&] {
+        if (withWindow)
+            m_window.reset();
+        else
             emit sessions()->tabCloseRequested(0);
-            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file.folder() + "/out");
-            QMetaObject::invokeMethod(dialog, "accept");
-        });
-        button->click();
-        QCOMPARE(sessions()->count(), 0);
+    };
+    const auto chooseAndEnd = [&](QPointer<QDialog> dialog) {
+        if (!underAQuestion)
+            endSession();
+        if (!dialog)
+            return;
+        m_dialogs.onBox(target.isEmpty() ? "Replace the input file?" : dialog->windowTitle(),
+                        [&](QPointer<QMessageBox> box) {
+                            endSession();
+                            if (box)
+                                box->button(QMessageBox::Yes)->click();
+                        });
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(path);
+        QMetaObject::invokeMethod(dialog, "accept");
+    };
+    openSession(file.path());
+    // One road for all: what is true of the dialog is true of the questions.
+    const auto count = target == "old" && !underAQuestion && !withWindow ? buttons().size() : 1;
+    for (int i = 0; i < count; ++i) {
+        if (i > 0)
+            openSession(file.path());
+        m_dialogs.onDialog(chooseAndEnd);
+        buttons().at(buttons().size() - count + i)->click();
+        QVERIFY(!m_window || sessions()->count() == 0);
+        QCOMPARE(contentsOf(old.path()), "old");
+        QCOMPARE(contentsOf(file.path()), fourCases);
+        QCOMPARE(QDir(old.folder()).entryList(QDir::Files), QStringList("old"));
     }
+    m_dialogs.onBox({}, {});
+    QCOMPARE(m_dialogs.takeRecord().filter("unanswered"), QStringList());
 }
 
 void TestFaults::everyDialogMayBeEscaped()

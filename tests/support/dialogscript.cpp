@@ -17,7 +17,8 @@ namespace {
 QString describe(const QDialog* dialog)
 {
     if (const auto* box = qobject_cast<const QMessageBox*>(dialog))
-        return box->windowTitle() + u'|' + box->text();
+        return box->windowTitle() + u'|' + box->text() +
+               (box->informativeText().isEmpty() ? QString() : u'|' + box->informativeText());
     if (const auto* files = qobject_cast<const QFileDialog*>(dialog)) {
         const auto* name = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         return files->windowTitle() + u'|' + files->directory().filePath(name->text()) + u'|' +
@@ -52,6 +53,12 @@ void DialogScript::onDialog(const std::function<void(QDialog*)>& answer)
     m_dialogAnswers.enqueue(answer);
 }
 
+void DialogScript::onBox(const QString& title, const std::function<void(QMessageBox*)>& answer)
+{
+    m_boxTitle = title;
+    m_boxAnswer = answer;
+}
+
 QStringList DialogScript::takeRecord()
 {
     return std::exchange(m_record, {});
@@ -77,6 +84,10 @@ bool DialogScript::eventFilter(QObject* watched, QEvent* event)
 void DialogScript::answer(QDialog* dialog)
 {
     if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
+        if (m_boxAnswer && box->windowTitle() == m_boxTitle) {
+            m_boxAnswer(box);
+            return;
+        }
         // An overwrite question is answered with yes: a test that chose the file means it.
         auto* yes = box->button(QMessageBox::Yes);
         auto* button = yes ? yes : box->buttons().value(0);

@@ -10,6 +10,7 @@
 #include <functional>
 
 class QDialog;
+class QMessageBox;
 
 /// Watches the real boxes and dialogs that the program opens, notes each, and answers it as the
 /// test prepared. Message boxes need no preparation: their first button is clicked.
@@ -28,7 +29,11 @@ public:
     /// must end it.
     void onDialog(const std::function<void(QDialog*)>& answer);
 
-    /// What appeared, in order: "title|text" for a message box, "caption|proposed file|filter" for
+    /// Hands every message box of that title to @p answer instead, which must end it.
+    void onBox(const QString& title, const std::function<void(QMessageBox*)>& answer);
+
+    /// What appeared, in order: "title|text" for a message box, "title|text|informative text" where
+    /// there is one, "caption|proposed file|filter" for
     /// a file dialog, "title" for any other; cleared by the call.
     QStringList takeRecord();
 
@@ -40,4 +45,6 @@ private:
     QStringList m_record;
     QQueue<std::function<void(QDialog*)>> m_fileAnswers;
     QQueue<std::function<void(QDialog*)>> m_dialogAnswers;
+    QString m_boxTitle;
+    std::function<void(QMessageBox*)> m_boxAnswer;
 };

@@ -12,6 +12,7 @@
 class FakeSession : public SessionFace
 {
 public:
+    QString inputFile() const override { return input; }
     /// The folder exists, else a file dialog would propose another.
     QString outputStem() const override { return QDir::tempPath() + "/box"; }
     QVector<QString> variableNames() const override { return data.names().texts(); }
@@ -23,6 +24,7 @@ public:
     bool isRowWise() const override { return rowWise; }
     void setRowWise(bool newState) override { rowWise = refuses ? rowWise : newState; }
 
+    QString input;
     CorrelationData data;
     bool rowWise = false;
     bool refuses = false; ///< to change the orientation

@@ -181,15 +181,18 @@ private slots:
     void savesThatFailAreTold()
     {
         const Pages pages;
-        const QString full = "Error while trying to save file|Cannot write to file!";
+        const QString full = "Error while trying to save file|Cannot write to file!|/dev/full: No "
+                             "space left on device";
+        const QString nowhere = "/nowhere/<b>a</b>";
+        const QString reason = '|' + nowhere + ": No such file or directory";
         const QString stem = pages.session->outputStem();
         // Without a path the dialog is cancelled.
         const std::tuple<const QWidget*, QString, QString> pagePathAndLast[] = {
             {&pages.raw, "/dev/full", full},
-            {&pages.raw, "/nowhere/a", "Error opening file|Cannot open file /nowhere/a"},
+            {&pages.raw, nowhere, "Error opening file|Cannot open file " + nowhere + reason},
             {&pages.raw, "", "Please select folder and filename to save values|" + stem + "|*.dat"},
             {&pages.correlations, "/dev/full", full},
-            {&pages.correlations, "/nowhere/a", "Error|Cannot open file for writing."},
+            {&pages.correlations, nowhere, "Error|Cannot open file for writing." + reason},
             {&pages.correlations, "",
              "Export correlation matrix|" + stem + "|Correlation Files (*.cor)"}};
         for (const auto& [page, path, last] : pagePathAndLast) {
