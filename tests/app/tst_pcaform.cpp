@@ -115,8 +115,10 @@ void TestPcaForm::exportsAreColumnsWithTitles()
 
     m_dialogs.chooseFile("/dev/full");
     find<QPushButton>("pushButton")->click();
-    QCOMPARE(m_dialogs.takeRecord().last(),
-             QStringLiteral("Error while trying to save file|Cannot write to file!"));
+    QCOMPARE(
+        m_dialogs.takeRecord().last(),
+        QStringLiteral("Error while trying to save file|Cannot write to file!|/dev/full: No space "
+                       "left on device"));
 }
 
 QTEST_MAIN(TestPcaForm)
