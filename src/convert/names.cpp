@@ -3,12 +3,13 @@
 
 #include "convert/names.h"
 
-#include "convert/codepages.h"
 #include "convert/letters.h"
+#include "input/namebytes.h"
 
-#include <QByteArray>
+#include <QList>
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -48,6 +49,15 @@ QString withBlanks(QString text)
         if (endsLine(letter) || letter.unicode() < 0x20 || letter.unicode() == 0x7F)
             letter = u' ';
     return text;
+}
+
+/// The byte of a letter; nothing where the names' bytes cannot hold it.
+std::optional<char> byteOf(char32_t letter)
+{
+    const QString text = QString::fromUcs4(&letter, 1);
+    const std::string bytes = namebytes::toBytes(text);
+    const bool isKept = bytes.size() == 1 && letter != 0xFFFD && namebytes::toText(bytes) == text;
+    return isKept ? std::optional(bytes.front()) : std::nullopt;
 }
 
 void append(std::string& bytes, char32_t letter);
@@ -130,8 +140,7 @@ void VariableNameList::finish()
 
 QString VariableNameList::text(std::size_t index) const
 {
-    const QByteArray utf8 = fromCodePage(m_names[index].bytes, Encoding::Windows1252);
-    return QString::fromUtf8(utf8);
+    return namebytes::toText(m_names[index].bytes);
 }
 
 std::vector<VariableNameList::Change> VariableNameList::changes() const

@@ -6,7 +6,7 @@
 
 # The formatter's version is pinned: each formats a little differently.
 declare -A packages=(
-    [build]="g++ cmake ninja-build qt6-base-dev libgl-dev"
+    [build]="g++ cmake ninja-build qt6-base-dev libgl-dev libreadstat-dev"
     [wayland]="qt6-wayland"
     [format]="clang-format-14"
     [lint]="clang-tidy-14 shellcheck"
