@@ -188,6 +188,17 @@ private:
 
 } // namespace
 
+DrawingFormat drawingFormat(const QString& path, const QString& filter)
+{
+    const QString svg = QStringLiteral(".svg");
+    const QString pdf = QStringLiteral(".pdf");
+    if (path.endsWith(svg, Qt::CaseInsensitive))
+        return DrawingFormat::Svg;
+    return !path.endsWith(pdf, Qt::CaseInsensitive) && filter.contains(u'*' + svg)
+               ? DrawingFormat::Svg
+               : DrawingFormat::Pdf;
+}
+
 QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QDateTime& created)
 {
     const QSizeF points = QSizeF(drawing.size) * pointsPerInch / drawing.dotsPerInch;

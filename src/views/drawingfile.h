@@ -12,6 +12,9 @@ struct DiagramDrawing;
 /// Files of drawings: vectors and texts that can be selected, no bitmap.
 enum class DrawingFormat { Pdf, Svg };
 
+/// What a file is to be: its suffix decides, else the filter of the dialog, else it is PDF.
+DrawingFormat drawingFormat(const QString& path, const QString& filter);
+
 /// One page as large as @p drawing, with the fonts that it needs. More than 200 inches (a bound of
 /// the format) are scaled down to them.
 /// @param title  of the document

@@ -6,17 +6,23 @@
 #include "output/factortext.h"
 #include "settings/settings.h"
 #include "ui_factorform.h"
+#include "views/diagramdrawing.h"
 #include "views/diagramview.h"
+#include "views/drawingfile.h"
 #include "views/factormodel.h"
 #include "views/fileexport.h"
 #include "views/longwork.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
+#include "views/roworder.h"
 #include "views/tablecopy.h"
 #include "views/waitcursor.h"
 
+#include <QAction>
 #include <QBuffer>
 #include <QClipboard>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QMessageBox>
@@ -54,11 +60,28 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
     m_ui->tableFactors->setVerticalHeader(new NameHeader(Qt::Vertical, m_ui->tableFactors));
     m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestNameInCharacters *
                                                           fontMetrics().averageCharWidth());
-    installTableCopy(m_ui->tableFactors);
+    addDiagramActions();
     installTableCopy(m_ui->scoresTable);
     adjustDiagramView(m_ui->tableFactors);
     connect(session, &SessionFace::variableNamesChanged, this,
             &FactorForm::on_variableNamesChanged);
+}
+
+void FactorForm::addDiagramActions()
+{
+    QTableView* diagram = m_ui->tableFactors;
+    const auto addSeparator = [diagram] {
+        auto* separator = new QAction(diagram);
+        separator->setSeparator(true);
+        diagram->addAction(separator);
+    };
+    installTableCopy(diagram);
+    addSeparator();
+    auto* save = new QAction(tr("Save as drawing\u2026"), diagram);
+    connect(save, &QAction::triggered, this, &FactorForm::saveDrawing);
+    diagram->addAction(save);
+    addSeparator();
+    installRowOrder(diagram);
 }
 
 FactorForm::~FactorForm()
@@ -199,4 +222,26 @@ void FactorForm::on_ImageButton_clicked()
     fileExport.inPlaceOfInput = tr("A picture would take its place.");
     fileExport.isBinary = true;
     runExport(this, m_session, fileExport, [&image](std::ostream& out) { writePng(out, image); });
+}
+
+void FactorForm::saveDrawing()
+{
+    if (!m_model)
+        return;
+    FileExport fileExport;
+    fileExport.caption = tr("Save As");
+    fileExport.proposedFile = proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) +
+                              QStringLiteral("pdf");
+    fileExport.filter = tr("PDF Files (*.pdf);;SVG Files (*.svg)");
+    fileExport.failureTitle = tr("Error while saving data");
+    fileExport.inPlaceOfInput = tr("A picture would take its place.");
+    fileExport.isBinary = true;
+    runExport(this, m_session, fileExport, [this](std::ostream& out, const ChosenFile& chosen) {
+        const DiagramDrawing drawing = drawDiagram(m_model);
+        const QString title = QFileInfo(chosen.path).completeBaseName();
+        const QByteArray file = drawingFormat(chosen.path, chosen.filter) == DrawingFormat::Svg
+                                    ? svgFile(drawing, title)
+                                    : pdfFile(drawing, title, QDateTime::currentDateTimeUtc());
+        out.write(file.constData(), file.size());
+    });
 }

@@ -57,6 +57,8 @@ private slots:
 
 private:
     void showScores();
+    void addDiagramActions();
+    void saveDrawing();
     void zoom(int value);
     QString proposedFile(const QString& pattern, const QString& extension) const;
     void exportText(const QString& extension, unsigned decimals,

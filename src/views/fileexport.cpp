@@ -58,7 +58,7 @@ private:
     bool m_hadSession;
 };
 
-QString askForFile(const Surroundings& around, const FileExport& fileExport)
+ChosenFile askForFile(const Surroundings& around, const FileExport& fileExport)
 {
     const QPointer<QFileDialog> dialog = new QFileDialog(
         around.page(), fileExport.caption, fileExport.proposedFile, fileExport.filter);
@@ -67,10 +67,11 @@ QString askForFile(const Surroundings& around, const FileExport& fileExport)
     around.run(dialog);
     if (!dialog)
         return {};
-    const QString path =
-        dialog->result() == QDialog::Accepted ? dialog->selectedFiles().value(0) : QString();
+    ChosenFile chosen;
+    if (dialog->result() == QDialog::Accepted)
+        chosen = {dialog->selectedFiles().value(0), dialog->selectedNameFilter()};
     delete dialog;
-    return around.areThere() ? path : QString();
+    return around.areThere() ? chosen : ChosenFile();
 }
 
 bool isInputOf(const SessionFace* session, const QString& path)
@@ -138,14 +139,22 @@ QString decimalsInPlaceOfInput(unsigned decimals)
 QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
                   const std::function<void(std::ostream&)>& write)
 {
+    return runExport(page, session, fileExport,
+                     [&](std::ostream& out, const ChosenFile&) { write(out); });
+}
+
+QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
+                  const std::function<void(std::ostream&, const ChosenFile&)>& write)
+{
     const Surroundings around(page, session);
-    const QString path = askForFile(around, fileExport);
-    if (path.isEmpty() ||
-        (isInputOf(around.session(), path) && !mayReplaceInput(around, fileExport)))
+    const ChosenFile chosen = askForFile(around, fileExport);
+    if (chosen.path.isEmpty() ||
+        (isInputOf(around.session(), chosen.path) && !mayReplaceInput(around, fileExport)))
         return {};
-    if (const auto failure = writeWaiting(path, fileExport, write)) {
+    if (const auto failure =
+            writeWaiting(chosen.path, fileExport, [&](std::ostream& out) { write(out, chosen); })) {
         tell(around, fileExport, *failure);
         return {};
     }
-    return path;
+    return chosen.path;
 }

@@ -39,3 +39,14 @@ QString decimalsInPlaceOfInput(unsigned decimals);
 /// @return the path of the file that has been written, else an empty one
 QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
                   const std::function<void(std::ostream&)>& write);
+
+/// What a save dialog ended with.
+struct ChosenFile
+{
+    QString path;
+    QString filter; ///< that stood in the dialog
+};
+
+/// The same for files whose form depends on what was chosen.
+QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
+                  const std::function<void(std::ostream&, const ChosenFile&)>& write);

@@ -49,12 +49,15 @@ void TestIncludes::foldersUseOnlyWhatStandsBelowThem()
     // Scripts get the same numbers whatever the user's settings are.
     const QStringList batch = QStringList{"batch", "minimalpairs", "views"} + output;
     const QStringList convert = QStringList("convert") + output;
-    const QMap<QString, QStringList> allowed = {
-        {"numerics", {"numerics"}}, {"settings", {"settings"}},
-        {"input", input},           {"output", output},
-        {"views", views},           {"minimalpairs", minimalPairs},
-        {"convert", convert},       {"batch", batch},
-        {"app", QStringList("app") + minimalPairs}};
+    const QMap<QString, QStringList> allowed = {{"numerics", {"numerics"}},
+                                                {"settings", {"settings"}},
+                                                {"input", input},
+                                                {"output", output},
+                                                {"views", views},
+                                                {"minimalpairs", minimalPairs},
+                                                {"convert", convert},
+                                                {"batch", batch},
+                                                {"app", QStringList("app") + minimalPairs}};
     forEachInclude([&](const QString& folder, const QString& path, const QString& include) {
         const QString used = include.section(u'/', 0, 0);
         if (allowed.contains(used))

@@ -9,11 +9,14 @@
 #include "views/loadings.h"
 #include "views/widgets.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QDialog>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
@@ -169,6 +172,45 @@ private slots:
             QCOMPARE(m_dialogs.takeRecord().last(),
                      "Error while saving data|/dev/full: No space left on device");
         }
+    }
+
+    void drawingsAreSavedAsTheSuffixSays()
+    {
+        const Page page(&m_session);
+        QAction* save = nullptr;
+        QStringList entries;
+        for (QAction* action : page.diagram()->actions()) {
+            entries << action->text();
+            if (action->text() == "Save as drawing\u2026")
+                save = action;
+        }
+        QVERIFY2(save, qPrintable(entries.join(u'|')));
+        m_dialogs.cancelFile();
+        save->trigger();
+        QCOMPARE(m_dialogs.takeRecord(),
+                 QStringList("Save As|" + m_session.outputStem() +
+                             "_2_max.pdf|PDF Files (*.pdf);;SVG Files (*.svg)"));
+        const auto saved = [&](const char* name, const char* filter) {
+            const QString path = m_folder.filePath(name);
+            m_dialogs.onDialog([&](QDialog* dialog) {
+                qobject_cast<QFileDialog*>(dialog)->selectNameFilter(filter);
+                dialog->findChild<QLineEdit*>("fileNameEdit")->setText(path);
+                QMetaObject::invokeMethod(dialog, "accept");
+            });
+            save->trigger();
+            return contentsOf(path).left(5);
+        };
+        const char* const pdf = "PDF Files (*.pdf)";
+        const char* const svg = "SVG Files (*.svg)";
+        QCOMPARE(saved("a.svg", pdf), "<?xml");
+        QCOMPARE(saved("a.PDF", svg), "%PDF-");
+        QCOMPARE(saved("b.other", svg), "<?xml");
+        QCOMPARE(saved("b", pdf), "%PDF-");
+        m_dialogs.takeRecord();
+        m_dialogs.chooseFile("/dev/full");
+        save->trigger();
+        QCOMPARE(m_dialogs.takeRecord().last(),
+                 "Error while saving data|/dev/full: No space left on device");
     }
 
     void imageGoesToClipboardBeforeTheDialog()
