@@ -174,7 +174,8 @@ QString latexTable(const TableGrid& grid)
         if (row < 0)
             lines += QStringLiteral("\\midrule\n");
     }
-    return QStringLiteral("% needs \\usepackage{booktabs}\n\\begin{tabular}{") + alignments +
-           QStringLiteral("}\n\\toprule\n") + lines +
+    return QStringLiteral("% needs \\usepackage{booktabs}, for some letters "
+                          "\\usepackage[T1]{fontenc} too\n\\begin{tabular}{") +
+           alignments + QStringLiteral("}\n\\toprule\n") + lines +
            QStringLiteral("\\bottomrule\n\\end{tabular}\n");
 }

@@ -36,5 +36,5 @@ QString htmlTable(const TableGrid& grid);
 QString markdownTable(const TableGrid& grid);
 
 /// A tabular environment with the rules of the package booktabs. Letters beyond ASCII stay as they
-/// are: LaTeX reads UTF-8.
+/// are: LaTeX reads UTF-8, but a few of them are in no font of its oldest encoding.
 QString latexTable(const TableGrid& grid);

@@ -58,7 +58,7 @@ private slots:
     void latexIsEscaped()
     {
         QCOMPARE(latexTable(oddTable()),
-                 "% needs \\usepackage{booktabs}\n"
+                 "% needs \\usepackage{booktabs}, for some letters \\usepackage[T1]{fontenc} too\n"
                  "\\begin{tabular}{llr}\n"
                  "\\toprule\n"
                  " & a\\textbar{}b & \\%\\_\\textasciicircum{} \\\\\n"
