@@ -8,7 +8,11 @@ set(pelmora_datadir ${CMAKE_INSTALL_DATADIR}/pelmora)
 
 install(TARGETS pelmora pelmora-batch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-install(FILES ${packaging}/${application_id}.desktop
+install(TARGETS pelmora-convert RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+install(FILES
+        ${packaging}/${application_id}.desktop
+        ${packaging}/${application_id}.Convert.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/${application_id}.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
@@ -39,3 +43,9 @@ endfunction()
 
 pelmora_compress(${packaging}/pelmora.1 pelmora.1.gz)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+pelmora_compress(${packaging}/pelmora-convert.1 pelmora-convert.1.gz)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora-convert.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${packaging}/pelmora-convert.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME pelmora-convert)

@@ -71,7 +71,7 @@ void tellLeftOut(QStringList& lines, const Conversion& conversion)
     if (layout.hasRowNames)
         lines << tr("Left out: column 1, names or numbers of the rows");
     if (!leftOut.empty())
-        lines << tr("Left out by --columns: %1").arg(placesText(leftOut));
+        lines << tr("Left out: columns by place, %1").arg(placesText(leftOut));
     const Reading& reading = conversion.reading();
     if (reading.droppedLines > 0)
         lines << tr("Dropped: empty lines at the end, %1").arg(reading.droppedLines);
@@ -140,7 +140,7 @@ QStringList reportOf(const Conversion& conversion)
     else if (conversion.correlations()->triangle() != CorrelationTable::Full)
         lines << tr("The blank triangle was filled from the other one");
     tellWarnings(lines, conversion);
-    lines << tr("Written: %1 rows and %2 columns").arg(conversion.rows()).arg(conversion.columns());
+    lines << tr("Result: %1 rows and %2 columns").arg(conversion.rows()).arg(conversion.columns());
     return lines;
 }
 

@@ -93,7 +93,7 @@ void TestConvertCommandLine::filesAreWritten()
 {
     QCOMPARE(run("in.csv", "out.dat", {"--report", path("report")}), int(convert::Written));
     QCOMPARE(contentOf(path("out.dat")), QByteArray("1.5\t2\n3\t4\nvname\t1\ta\nvname\t2\tb\n"));
-    QVERIFY(contentOf(path("report")).contains("Written: 2 rows and 2 columns"));
+    QVERIFY(contentOf(path("report")).contains("Result: 2 rows and 2 columns"));
 }
 
 void TestConvertCommandLine::whatIsThereIsKept()

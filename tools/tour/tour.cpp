@@ -3,10 +3,16 @@
 
 #include "tour/tour.h"
 
+#include "convert/converterwindow.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
+#include <QListWidget>
 #include <QPixmap>
 #include <QPushButton>
 #include <QScrollBar>
@@ -14,6 +20,8 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextStream>
+
+#include <functional>
 
 namespace {
 
@@ -43,7 +51,41 @@ bool Tour::run()
     visitSession(QStringLiteral("harman"));
     closeSession();
     closeSession();
+    visitConverter();
     return m_succeeded;
+}
+
+/// A spreadsheet's table whose decimal sign must be chosen, before and after.
+void Tour::visitConverter()
+{
+    say(QStringLiteral("Convert survey.csv"));
+    const QString file = m_samples.absoluteFilePath(QStringLiteral("survey.csv"));
+    QFile table(file);
+    expect(table.open(QIODevice::WriteOnly) &&
+               table.write("Name;Height;Weight;Income\n"
+                           "\"Ada\";1,682;64,500;2,750\n\"Ben\";1,810;NA;1,980\n"
+                           "\"Cem\";1,744;81,250;3,120\n\"Dora\";1,595;58,125;2,410\n") > 0,
+           QStringLiteral("%1 was written").arg(file));
+    table.close();
+    ConverterWindow converter(nullptr);
+    converter.resize(960, 620);
+    converter.show();
+    const auto settle = [&converter](const std::function<void()>& change) {
+        QEventLoop loop;
+        QObject::connect(&converter, &ConverterWindow::settled, &loop, &QEventLoop::quit);
+        change();
+        loop.exec();
+    };
+    settle([&] { converter.openFile(file); });
+    takePicture(converter, QStringLiteral("convert-refused"));
+    auto* decimal = converter.findChild<QComboBox*>(QStringLiteral("comboDecimal"));
+    settle([&] {
+        decimal->setCurrentIndex(2);
+        emit decimal->activated(2);
+    });
+    auto* columns = converter.findChild<QListWidget*>(QStringLiteral("listColumns"));
+    settle([&] { columns->item(0)->setCheckState(Qt::Unchecked); });
+    takePicture(converter, QStringLiteral("convert-ready"));
 }
 
 void Tour::readSample(const char* action, const QString& file)
@@ -157,11 +199,16 @@ void Tour::closeSession()
 
 void Tour::takePicture(const QString& name)
 {
+    takePicture(m_window, name);
+}
+
+void Tour::takePicture(QWidget& window, const QString& name)
+{
     // A second round lets a diagram settle that measures itself while it is painted.
     for (int round = 0; round < 3; ++round)
         QCoreApplication::processEvents();
     const QString file = name + QStringLiteral(".png");
-    expect(m_window.grab().save(m_output.absoluteFilePath(file)),
+    expect(window.grab().save(m_output.absoluteFilePath(file)),
            QStringLiteral("%1 was written").arg(file));
     say(QStringLiteral("  picture %1").arg(file));
 }

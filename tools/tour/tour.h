@@ -30,7 +30,9 @@ private:
     void zoom(QWidget* page, const QString& prefix);
     void exportFrom(QWidget* page, const char* button, const QString& file);
     void closeSession();
+    void visitConverter();
     void takePicture(const QString& name);
+    void takePicture(QWidget& window, const QString& name);
     void say(const QString& text) const;
     void expect(bool held, const QString& what);
 

@@ -1,0 +1,350 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "convert/converterwindow.h"
+
+#include "convert/arguments.h"
+#include "convert/commandline.h"
+#include "convert/previewmodel.h"
+#include "output/filewriter.h"
+#include "ui_converterwindow.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSignalBlocker>
+#include <QThread>
+#include <QTimer>
+#include <QUrl>
+
+#include <algorithm>
+#include <optional>
+#include <ostream>
+#include <utility>
+
+using namespace convert;
+
+namespace {
+
+template <typename Choice>
+void addChoice(QComboBox* box, const QString& text, Choice choice)
+{
+    box->addItem(text, static_cast<int>(choice));
+}
+
+template <typename Choice>
+Choice chosen(const QComboBox* box)
+{
+    return static_cast<Choice>(box->currentData().toInt());
+}
+
+/// The first entry leaves the choice to the rules and tells what they found.
+void showFound(QComboBox* box, const QString& found)
+{
+    box->setItemText(0, found.isEmpty() ? ConverterWindow::tr("(to be chosen)")
+                                        : ConverterWindow::tr("%1 (recognised)").arg(found));
+}
+
+QString localFile(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+} // namespace
+
+ConverterWindow::ConverterWindow(QWidget* parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::ConverterWindow>())
+    , m_preview(new PreviewModel(this))
+    , m_delay(new QTimer(this))
+{
+    ui->setupUi(this);
+    ui->tablePreview->setModel(m_preview);
+    ui->splitterPreview->setStretchFactor(1, 1);
+    ui->splitterPreview->setSizes({180, 780});
+    ui->splitter->setStretchFactor(0, 1);
+    ui->splitter->setSizes({380, 160});
+    m_delay->setSingleShot(true);
+    m_delay->setInterval(300);
+    connect(m_delay, &QTimer::timeout, ui->progress, &QWidget::show);
+    fillChoices();
+    connectChoices();
+    setBusy(false);
+    showRecognised();
+}
+
+ConverterWindow::~ConverterWindow()
+{
+    if (m_thread) {
+        m_thread->wait();
+        delete m_thread;
+    }
+}
+
+void ConverterWindow::fillChoices()
+{
+    for (QComboBox* box :
+         {ui->comboKind, ui->comboEncoding, ui->comboSeparator, ui->comboDecimal, ui->comboHeader})
+        box->addItem(QString(), 0);
+    addChoice(ui->comboKind, tr("Data"), Kind::Data);
+    addChoice(ui->comboKind, tr("Correlations"), Kind::Correlations);
+    for (int encoding = int(Encoding::Utf8); encoding <= int(Encoding::Windows1253); ++encoding)
+        addChoice(ui->comboEncoding, nameOf(Encoding(encoding)), encoding);
+    addChoice(ui->comboSeparator, tr("Tab"), Separator::Tab);
+    addChoice(ui->comboSeparator, tr("Semicolon"), Separator::Semicolon);
+    addChoice(ui->comboSeparator, tr("Comma"), Separator::Comma);
+    addChoice(ui->comboSeparator, tr("Blank"), Separator::Blank);
+    addChoice(ui->comboDecimal, tr("Point"), Decimal::Point);
+    addChoice(ui->comboDecimal, tr("Comma"), Decimal::Comma);
+    addChoice(ui->comboHeader, tr("First row"), Header::Yes);
+    addChoice(ui->comboHeader, tr("None"), Header::No);
+}
+
+void ConverterWindow::connectChoices()
+{
+    for (QComboBox* box :
+         {ui->comboKind, ui->comboEncoding, ui->comboSeparator, ui->comboDecimal, ui->comboHeader})
+        connect(box, &QComboBox::activated, this, &ConverterWindow::start);
+    for (QLineEdit* edit : {ui->editMissing, ui->editSkip})
+        connect(edit, &QLineEdit::textEdited, this, &ConverterWindow::start);
+    for (QCheckBox* box : {ui->checkTranspose, ui->checkLabels})
+        connect(box, &QCheckBox::clicked, this, [this] {
+            m_columnsChosen = false;
+            start();
+        });
+}
+
+void ConverterWindow::resetChoices()
+{
+    for (QComboBox* box :
+         {ui->comboKind, ui->comboEncoding, ui->comboSeparator, ui->comboDecimal, ui->comboHeader})
+        box->setCurrentIndex(0);
+    ui->editMissing->clear();
+    ui->editSkip->clear();
+    ui->checkTranspose->setChecked(false);
+    ui->checkLabels->setChecked(false);
+    m_columnsChosen = false;
+}
+
+void ConverterWindow::openFile(const QString& path)
+{
+    m_path = QFileInfo(path).absoluteFilePath();
+    m_savedPath.clear();
+    ui->editFile->setText(QDir::toNativeSeparators(m_path));
+    resetChoices();
+    start();
+}
+
+bool ConverterWindow::takeOptions(Options& options)
+{
+    options.kind = chosen<Kind>(ui->comboKind);
+    options.encoding = chosen<Encoding>(ui->comboEncoding);
+    options.separator = chosen<Separator>(ui->comboSeparator);
+    options.decimal = chosen<Decimal>(ui->comboDecimal);
+    options.header = chosen<Header>(ui->comboHeader);
+    options.transpose = ui->checkTranspose->isChecked();
+    options.labels = ui->checkLabels->isChecked();
+    parseMissing(ui->editMissing->text(), options);
+    if (const QString skip = ui->editSkip->text().trimmed(); !skip.isEmpty()) {
+        const auto ranges = parseRanges(skip);
+        if (!ranges)
+            return false;
+        options.skip = *ranges;
+    }
+    if (m_columnsChosen)
+        takeColumns(options);
+    return true;
+}
+
+void ConverterWindow::takeColumns(Options& options) const
+{
+    const int count = ui->listColumns->count();
+    for (int i = 0; i < count; ++i)
+        if (ui->listColumns->item(i)->checkState() == Qt::Checked) {
+            const auto place = static_cast<std::size_t>(i + 1);
+            options.columns.add({place, place});
+        }
+    // The list ends before a very wide table does.
+    if (m_result.conversion && m_result.conversion->table().columns() > PreviewModel::mostColumns)
+        options.columns.add(
+            {PreviewModel::mostColumns + 1, m_result.conversion->table().columns()});
+}
+
+void ConverterWindow::start()
+{
+    if (m_path.isEmpty())
+        return;
+    if (isBusy()) {
+        m_startAgain = true;
+        return;
+    }
+    Options options;
+    if (!takeOptions(options)) {
+        ui->labelState->setText(tr("Lines to leave out are numbers such as 2-3,5"));
+        ui->buttonSave->setEnabled(false);
+        return;
+    }
+    setBusy(true);
+    auto result = std::make_shared<JobResult>();
+    m_thread =
+        QThread::create([result, path = m_path, options] { *result = runJob(path, options); });
+    connect(m_thread, &QThread::finished, this, [this, result] { finish(*result); });
+    m_thread->start();
+}
+
+void ConverterWindow::finish(const JobResult& result)
+{
+    m_thread->deleteLater();
+    m_thread = nullptr;
+    m_result = result;
+    setBusy(false);
+    if (std::exchange(m_startAgain, false)) {
+        start();
+        return;
+    }
+    m_preview->setConversion(m_result.conversion);
+    ui->textReport->setPlainText(m_result.lines.join(u'\n'));
+    ui->labelState->setText(m_result.isAccepted ? tr("Ready to be saved") : tr("Refused as it is"));
+    showRecognised();
+    showColumns();
+    emit settled();
+}
+
+void ConverterWindow::setBusy(bool busy)
+{
+    if (busy) {
+        m_delay->start();
+        ui->labelState->setText(tr("Reading…"));
+    } else {
+        m_delay->stop();
+        ui->progress->hide();
+    }
+    ui->buttonSave->setEnabled(!busy && m_result.isAccepted);
+    ui->buttonFolder->setEnabled(!m_path.isEmpty());
+}
+
+void ConverterWindow::showRecognised()
+{
+    const Conversion* conversion = m_result.conversion.get();
+    const auto entry = [](const QComboBox* box, auto choice) {
+        const int index = box->findData(static_cast<int>(choice));
+        return index > 0 ? box->itemText(index) : QString();
+    };
+    const bool any = conversion != nullptr;
+    showFound(ui->comboKind, any ? entry(ui->comboKind, conversion->kind()) : QString());
+    showFound(ui->comboEncoding,
+              any ? entry(ui->comboEncoding, conversion->text().encoding()) : QString());
+    showFound(ui->comboSeparator,
+              any ? entry(ui->comboSeparator, conversion->separator()) : QString());
+    showFound(ui->comboDecimal, any ? entry(ui->comboDecimal, conversion->decimal()) : QString());
+    const auto header = any ? conversion->hasHeader() : std::nullopt;
+    showFound(ui->comboHeader,
+              header ? entry(ui->comboHeader, *header ? Header::Yes : Header::No) : QString());
+}
+
+void ConverterWindow::showColumns()
+{
+    const QSignalBlocker blocker(ui->listColumns);
+    ui->listColumns->clear();
+    if (!m_result.conversion)
+        return;
+    const Conversion& conversion = *m_result.conversion;
+    const auto& kept = conversion.layout().kept;
+    const int count = m_preview->columnCount();
+    for (int i = 0; i < count; ++i) {
+        const auto column = static_cast<std::size_t>(i);
+        const bool isKept =
+            conversion.layout().kept.empty()
+                ? !m_columnsChosen || conversion.options().columns.contains(column + 1)
+                : std::binary_search(kept.begin(), kept.end(), column);
+        auto* item = new QListWidgetItem(
+            columnText(conversion.table(), conversion.hasHeader().value_or(false), column));
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setCheckState(isKept ? Qt::Checked : Qt::Unchecked);
+        ui->listColumns->addItem(item);
+    }
+}
+
+void ConverterWindow::on_listColumns_itemChanged()
+{
+    m_columnsChosen = true;
+    start();
+}
+
+void ConverterWindow::on_buttonOpen_clicked()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open a table"), QFileInfo(m_path).path(),
+        tr("Tables (*.csv *.tsv *.txt *.tab *.sav *.zsav *.por *.dta *.xpt);;All files (*)"));
+    if (!path.isEmpty())
+        openFile(path);
+}
+
+QString ConverterWindow::proposedFile() const
+{
+    const QFileInfo info(m_path);
+    const bool square = m_result.conversion->kind() == Kind::Correlations;
+    return info.dir().filePath(info.completeBaseName() +
+                               (square ? QLatin1String(".cor") : QLatin1String(".dat")));
+}
+
+void ConverterWindow::tellFailure(const QString& text)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Error"), text, QMessageBox::Ok, this);
+    // A file's name may look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+void ConverterWindow::on_buttonSave_clicked()
+{
+    if (!m_result.isAccepted || isBusy())
+        return;
+    const bool square = m_result.conversion->kind() == Kind::Correlations;
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save for Pelmora"), proposedFile(),
+                                                      square ? tr("Correlation Files (*.cor)")
+                                                             : tr("Data Files (*.dat)"));
+    if (path.isEmpty())
+        return;
+    if (isSameFile(path, m_path)) {
+        tellFailure(tr("%1 is the file that was read; choose another name.").arg(path));
+        return;
+    }
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto failure = writeFile(
+        path, [this](std::ostream& out) { m_result.conversion->write(out); }, LineEnds::AsWritten);
+    QGuiApplication::restoreOverrideCursor();
+    if (failure) {
+        tellFailure(tr("Cannot write %1").arg(failure->text()));
+        return;
+    }
+    m_savedPath = path;
+    ui->labelState->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+}
+
+void ConverterWindow::on_buttonFolder_clicked()
+{
+    const QString folder = QFileInfo(m_savedPath.isEmpty() ? m_path : m_savedPath).absolutePath();
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+        tellFailure(tr("Cannot open the folder %1").arg(folder));
+}
+
+void ConverterWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!localFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void ConverterWindow::dropEvent(QDropEvent* event)
+{
+    const QString path = localFile(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    openFile(path);
+}
