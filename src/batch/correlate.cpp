@@ -145,9 +145,8 @@ int merge(const QStringList& given)
     for (const QString& file : arguments.files)
         if (!mergeFile(file, sums))
             return InputRefused;
-    return endsInCor(output)
-               ? writeExactCorrelations(sums, nameOfTable(arguments.files, output), output)
-               : writeSumsTo(sums, output);
+    return endsInCor(output) ? writeExactCorrelations(sums, output, output)
+                             : writeSumsTo(sums, output);
 }
 
 int correlate(const QStringList& given)
