@@ -9,6 +9,7 @@ set(pelmora_datadir ${CMAKE_INSTALL_DATADIR}/pelmora)
 install(TARGETS pelmora pelmora-batch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 install(TARGETS pelmora-convert RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(PROGRAMS ${PROJECT_SOURCE_DIR}/src/large/pelmora-large DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 install(FILES
         ${packaging}/${application_id}.desktop
