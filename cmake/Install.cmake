@@ -50,3 +50,9 @@ install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora-convert.1.gz DESTINATION ${C
 install(FILES ${packaging}/pelmora-convert.bash
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME pelmora-convert)
+
+pelmora_compress(${packaging}/pelmora-large.1 pelmora-large.1.gz)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora-large.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${packaging}/pelmora-large.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME pelmora-large)

@@ -26,7 +26,8 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION math)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Opening folders and the guide goes through xdg-open and whatever shows PDF files.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
+# pelmora-large works on Dask; all else does without Python.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, python3, python3-distributed")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "pdf-viewer, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
 set(CPACK_INSTALL_CMAKE_PROJECTS
