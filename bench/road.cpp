@@ -78,7 +78,7 @@ double fastRoad(const QString& path)
     for (const int method : methods) {
         const auto factors =
             pelmora::extractFactors(decomposition, proposedFactors(decomposition.eigenvalues),
-                                    method, correlations.standardised, false);
+                                    method, {.data = &data.matrix(), .used = &correlations.used});
         sum += factors.loadings[0][0] + factors.scores[0][0];
     }
     return sum;

@@ -114,7 +114,7 @@ void PelmoraSession::takeCorrelations(pelmora::Correlations computed)
 {
     m_correlations.setMatrix(std::move(computed.matrix));
     m_correlations.setNames(m_data.names().first(m_correlations.rows()));
-    m_standardised = std::move(computed.standardised);
+    m_standardisation = std::move(computed.used);
 }
 
 bool PelmoraSession::createCorrelationPage()
@@ -172,8 +172,8 @@ void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
 
 void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage& page)
 {
-    auto factors = pelmora::extractFactors(m_decomposition, numberOfFactors, page.method,
-                                           m_standardised, m_rowWise);
+    auto factors =
+        pelmora::extractFactors(m_decomposition, numberOfFactors, page.method, rawScores());
     if (!m_pages || factors.isNull())
         return;
     const NamedMatrix loadings{std::move(factors.loadings), m_correlations.names()};
@@ -205,6 +205,13 @@ void PelmoraSession::slotCloseTab(int iIndex)
 {
     if (m_pages)
         m_pages->removeTab(iIndex);
+}
+
+pelmora::RawScores PelmoraSession::rawScores() const
+{
+    if (!hasRawData())
+        return {};
+    return {.data = &m_data.matrix(), .used = &m_standardisation, .rowWise = m_rowWise};
 }
 
 int PelmoraSession::variableCount() const

@@ -77,6 +77,7 @@ private:
 
     bool hasRawData() const { return !m_dataFile.isEmpty(); }
     int variableCount() const;
+    pelmora::RawScores rawScores() const;
     void createRotationPage(int numberOfFactors, const RotationPage& page);
     void addMinimalPairs(FactorForm* page, const MinimalPairFinder& finder);
     void takeCorrelations(pelmora::Correlations computed);
@@ -94,9 +95,9 @@ private:
     QPointer<PCAForm> m_pcaPage;
     pelmora::Decomposition m_decomposition;
 
-    /// z-scores of the raw data, in the raw data's own shape. The data themselves stay as read, so
-    /// that every change of orientation starts from the same values.
-    pelmora::Matrix m_standardised;
+    /// What makes z-scores of the raw data. The data stay as read, so that every change of
+    /// orientation starts from the same values.
+    pelmora::Standardisation m_standardisation;
     bool m_rowWise = false;
     bool m_opensFolder = true;
 };

@@ -90,15 +90,17 @@ private:
         if (!loadDataMatrix(m_analysis.file, data))
             return false;
         m_analysis.cases = static_cast<int>(m_options.rowWise ? data.cols() : data.rows());
-        const auto used = pelmora::standardisation(data.matrix(), m_options.rowWise);
         auto computed = pelmora::formCorrelations(data.matrix(), m_options.rowWise);
-        if (used.isNull() || computed.isNull())
+        if (computed.isNull())
             return false;
+        const pelmora::Standardisation& used = computed.used;
         m_analysis.means.assign(used.means.begin(), used.means.end());
         m_analysis.standardDeviations.assign(used.deviations.begin(), used.deviations.end());
         m_analysis.correlations = std::move(computed.matrix);
-        if (m_options.writes(ScoreFiles))
-            m_standardised = std::move(computed.standardised);
+        if (m_options.writes(ScoreFiles)) {
+            m_data = std::move(data.matrix());
+            m_standardisation = std::move(computed.used);
+        }
         takeNames(data);
         return true;
     }
@@ -161,10 +163,9 @@ private:
     bool makePages()
     {
         for (const FactorKind kind : m_options.rotations) {
-            auto factors =
-                pelmora::extractFactors(m_analysis.decomposition, m_analysis.factors,
-                                        methodOf(kind), m_standardised, m_options.rowWise);
-            const bool scoresMissing = factors.scores.isNull() && !m_standardised.isNull();
+            auto factors = pelmora::extractFactors(m_analysis.decomposition, m_analysis.factors,
+                                                   methodOf(kind), rawScores());
+            const bool scoresMissing = factors.scores.isNull() && !m_data.isNull();
             if (factors.isNull() || scoresMissing)
                 return false;
             m_analysis.pages.push_back({kind,
@@ -175,10 +176,18 @@ private:
         return true;
     }
 
+    pelmora::RawScores rawScores() const
+    {
+        if (m_data.isNull())
+            return {};
+        return {.data = &m_data, .used = &m_standardisation, .rowWise = m_options.rowWise};
+    }
+
     const AnalyseOptions& m_options;
     FileMessages& m_messages;
     Analysis& m_analysis;
-    pelmora::Matrix m_standardised; ///< only where scores are asked for
+    pelmora::Matrix m_data; ///< only where scores are asked for
+    pelmora::Standardisation m_standardisation;
 };
 
 } // namespace

@@ -27,7 +27,7 @@ constexpr int panelWidth = productpanels::width;
 
 struct RawData
 {
-    double** x;
+    const double* const* x;
     bool rowWise;
     int variables;
     int cases;
@@ -141,39 +141,14 @@ void divideSums(const AlignedRows& sums, const double* deviation, int p, int n, 
     }
 }
 
-struct StandardiseColumns
+/// The correlations of data whose variables' means and deviations go to @p used; null when memory
+/// fails or the user cancels.
+double** correlateRaw(const RawData& data, Standardisation& used)
 {
-    template <typename>
-    PELMORA_ALWAYS_INLINE static void run(const RawData& data, const double* mean,
-                                          const double* scale)
-    {
-        for (int i = 0; i < data.cases; ++i) {
-            double* __restrict row = data.x[i];
-            for (int j = 0; j < data.variables; ++j)
-                row[j] = (row[j] - mean[j]) * scale[j];
-        }
-    }
-};
-
-void standardiseRows(const RawData& data, const double* mean, const double* scale)
-{
-    for (int j = 0; j < data.variables; ++j)
-        for (int i = 0; i < data.cases; ++i)
-            data.x[j][i] = (data.x[j][i] - mean[j]) * scale[j];
-}
-
-} // namespace
-
-double** correlate(double** x, int nrows, int ncols, int flag)
-{
-    const bool rowWise = flag == 1;
-    const RawData data{x, rowWise, rowWise ? nrows : ncols, rowWise ? ncols : nrows};
     const int p = data.variables;
     const int n = data.cases;
-
-    Vector mean(p);
-    Vector deviation(p);
-    if (mean.isNull() || deviation.isNull())
+    used = {Vector(p), Vector(p), Vector(p)};
+    if (used.isNull())
         return nullptr;
     AlignedRows panels = productpanels::make(p);
     AlignedRows sums(AlignedRows::padded(p), p);
@@ -183,22 +158,63 @@ double** correlate(double** x, int nrows, int ncols, int flag)
     if (!r)
         return nullptr;
 
-    findMeans(data, mean.data());
-    if (!sumProducts(data, mean.data(), panels, sums)) {
+    findMeans(data, used.means.data());
+    if (!sumProducts(data, used.means.data(), panels, sums)) {
         free_matrix(r, 0, 0);
         return nullptr;
     }
-    for (int j = 0; j < p; ++j)
-        deviation[j] = std::sqrt(sums[j][j] / n);
-    divideSums(sums, deviation.data(), p, n, r);
-
-    for (double& value : deviation)
-        value = 1.0 / value;
-    if (rowWise)
-        standardiseRows(data, mean.data(), deviation.data());
-    else
-        runKernel<StandardiseColumns>(data, mean.data(), deviation.data());
+    for (int j = 0; j < p; ++j) {
+        used.deviations[j] = std::sqrt(sums[j][j] / n);
+        used.scales[j] = 1.0 / used.deviations[j];
+    }
+    divideSums(sums, used.deviations.data(), p, n, r);
     return r;
+}
+
+/// Makes z-scores of the data in place.
+struct StandardiseColumns
+{
+    template <typename>
+    PELMORA_ALWAYS_INLINE static void run(double** x, int cases, int variables, const double* mean,
+                                          const double* scale)
+    {
+        for (int i = 0; i < cases; ++i) {
+            double* __restrict row = x[i];
+            for (int j = 0; j < variables; ++j)
+                row[j] = (row[j] - mean[j]) * scale[j];
+        }
+    }
+};
+
+void standardiseRows(double** x, int variables, int cases, const double* mean, const double* scale)
+{
+    for (int j = 0; j < variables; ++j)
+        for (int i = 0; i < cases; ++i)
+            x[j][i] = (x[j][i] - mean[j]) * scale[j];
+}
+
+} // namespace
+
+double** correlate(double** x, int nrows, int ncols, int flag)
+{
+    const bool rowWise = flag == 1;
+    Standardisation used;
+    double** r =
+        correlateRaw(RawData{x, rowWise, rowWise ? nrows : ncols, rowWise ? ncols : nrows}, used);
+    if (!r)
+        return nullptr;
+    if (rowWise)
+        standardiseRows(x, nrows, ncols, used.means.data(), used.scales.data());
+    else
+        runKernel<StandardiseColumns>(x, nrows, ncols, used.means.data(), used.scales.data());
+    return r;
+}
+
+Matrix correlations(const Matrix& data, bool rowWise, Standardisation& used)
+{
+    const int p = rowWise ? data.rows() : data.columns();
+    const int n = rowWise ? data.columns() : data.rows();
+    return Matrix::adopt(correlateRaw(RawData{data.rowPointers(), rowWise, p, n}, used), p, p);
 }
 
 } // namespace pelmora

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include "numerics/owners.h"
+#include "numerics/standardisation.h"
+
 namespace pelmora {
 
 /// Pearson correlations of all variables, standardising the data on the way.
@@ -15,5 +18,11 @@ namespace pelmora {
 /// data divides by p, the number of variables, on purpose. A variable without variance gives NaN.
 /// Pearson, K. (1896), Phil. Trans. R. Soc. A 187, 253-318.
 double** correlate(double** x, int nrows, int ncols, int flag);
+
+/// The same correlations of data that stay as they are. Variables are the rows of @p data when @p
+/// rowWise, else its columns.
+/// @param used  receives what correlate() would standardise the data by
+/// @returns p x p; null as above
+Matrix correlations(const Matrix& data, bool rowWise, Standardisation& used);
 
 } // namespace pelmora

@@ -12,14 +12,10 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace pelmora {
 
 namespace {
-
-constexpr int transposeFirst = 1;
-constexpr int plainProduct = 0;
 
 Matrix firstColumns(const Matrix& source, int columns)
 {
@@ -43,33 +39,25 @@ Matrix loadingsToRotate(const Matrix& initialLoadings, int m)
     return result;
 }
 
-/// z-scores times coefficients, some cases at a time. Only the transposed product conforms where
-/// rows are variables. Null when cancelled.
-Matrix factorScores(const Matrix& standardised, bool rowWise, const Matrix& coefficients)
+/// z-scores times coefficients, some cases at a time. Null when cancelled.
+Matrix factorScores(const RawScores& raw, const Matrix& coefficients)
 {
-    constexpr int casesPerStep = 512;
+    constexpr int casesPerStep = 256;
+    constexpr int plainProduct = 0;
     constexpr double operationsPerProduct = 0.3;
-    const int cases = rowWise ? standardised.columns() : standardised.rows();
     const int variables = coefficients.rows();
     const int factors = coefficients.columns();
-    Matrix scores(cases, factors);
-    if (scores.isNull())
+    Matrix scores(raw.cases(), factors);
+    Matrix zScores(std::min(casesPerStep, raw.cases()), variables);
+    if (scores.isNull() || zScores.isNull())
         return {};
     ProgressMeter meter({.work = Progress::Work::Scores});
-    std::vector<const double*> rows(static_cast<std::size_t>(rowWise ? variables : 0));
-    for (int first = 0; first < cases; first += casesPerStep) {
-        const int count = std::min(casesPerStep, cases - first);
-        double** step = scores.rowPointers() + first;
-        if (rowWise) {
-            for (int j = 0; j < variables; ++j)
-                rows[static_cast<std::size_t>(j)] = standardised[j] + first;
-            multiply(step, rows.data(), transposeFirst, coefficients.rowPointers(), variables,
-                     count, factors);
-        } else {
-            multiply(step, standardised.rowPointers() + first, plainProduct,
-                     coefficients.rowPointers(), count, variables, factors);
-        }
-        meter.progress().done = double(first + count) / cases;
+    for (int first = 0; first < raw.cases(); first += casesPerStep) {
+        const int count = std::min(casesPerStep, raw.cases() - first);
+        standardise(raw, first, count, zScores);
+        multiply(scores.rowPointers() + first, zScores.rowPointers(), plainProduct,
+                 coefficients.rowPointers(), count, variables, factors);
+        meter.progress().done = double(first + count) / raw.cases();
         if (!meter.goOnAfter(operationsPerProduct * count * variables * factors))
             return {};
     }
@@ -81,13 +69,7 @@ Matrix factorScores(const Matrix& standardised, bool rowWise, const Matrix& coef
 Correlations formCorrelations(const Matrix& data, bool rowWise)
 {
     Correlations result;
-    result.standardised = data.clone();
-    if (result.standardised.isNull())
-        return {};
-    const int variables = rowWise ? data.rows() : data.columns();
-    result.matrix = Matrix::adopt(
-        correlate(result.standardised.rowPointers(), data.rows(), data.columns(), rowWise ? 1 : 0),
-        variables, variables);
+    result.matrix = correlations(data, rowWise, result.used);
     return result;
 }
 
@@ -113,8 +95,7 @@ Decomposition decompose(const Matrix& correlations)
     return result;
 }
 
-Factors extractFactors(const Decomposition& decomposition, int m, int method,
-                       const Matrix& standardised, bool rowWise)
+Factors extractFactors(const Decomposition& decomposition, int m, int method, const RawScores& raw)
 {
     const int p = decomposition.initialLoadings.rows();
     Matrix loadings = loadingsToRotate(decomposition.initialLoadings, m);
@@ -131,8 +112,8 @@ Factors extractFactors(const Decomposition& decomposition, int m, int method,
 
     Factors result;
     result.loadings = firstColumns(loadings, m);
-    if (!standardised.isNull())
-        result.scores = factorScores(standardised, rowWise, coefficients);
+    if (!raw.isNull())
+        result.scores = factorScores(raw, coefficients);
     result.coefficients = std::move(coefficients);
     return isCancelled() ? Factors{} : std::move(result);
 }

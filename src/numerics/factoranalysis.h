@@ -4,16 +4,17 @@
 #pragma once
 
 #include "numerics/owners.h"
+#include "numerics/standardisation.h"
 
 /// What a session computes between its input matrix and its factor pages; no page, no widget.
 namespace pelmora {
 
-/// Correlations of raw data and the z-scores that they were formed from.
+/// Correlations of raw data and what standardises the data.
 struct Correlations
 {
-    Matrix matrix;       ///< p x p
-    Matrix standardised; ///< the shape of the data
-    bool isNull() const { return matrix.isNull() || standardised.isNull(); }
+    Matrix matrix; ///< p x p
+    Standardisation used;
+    bool isNull() const { return matrix.isNull(); }
 };
 
 /// Correlates the variables of @p data, which are its rows when @p rowWise, else its columns. The
@@ -45,10 +46,9 @@ struct Factors
 
 /// Takes the first @p m factors of @p decomposition and rotates them by @p method (a
 /// RotationMethod).
-/// @param standardised  z-scores, or null: no scores
-/// @param rowWise       whether the rows of @p standardised are the variables
+/// @param raw  what the scores are made of; null: no scores
 /// Null after a reported allocation failure or when cancelled.
 Factors extractFactors(const Decomposition& decomposition, int m, int method,
-                       const Matrix& standardised, bool rowWise);
+                       const RawScores& raw = {});
 
 } // namespace pelmora

@@ -3,49 +3,34 @@
 
 #include "numerics/standardisation.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace pelmora {
 
 namespace {
 
-/// Calls @p take(variable, value) for all values; those of a variable come in the cases' order,
-/// which decides the last bits of its sums.
-template <typename Take>
-void forEachValue(const Matrix& data, bool rowWise, Take take)
+void standardiseCase(const double* values, const Standardisation& used, double* zScores)
 {
-    for (int i = 0; i < data.rows(); ++i)
-        for (int j = 0; j < data.columns(); ++j)
-            take(rowWise ? i : j, data[i][j]);
+    const double* means = used.means.data();
+    const double* scales = used.scales.data();
+    for (int j = 0, p = used.means.size(); j < p; ++j)
+        zScores[j] = (values[j] - means[j]) * scales[j];
 }
 
 } // namespace
 
-Standardisation standardisation(const Matrix& data, bool rowWise)
+void standardise(const RawScores& raw, int first, int count, Matrix& zScores)
 {
-    const int p = rowWise ? data.rows() : data.columns();
-    const int n = rowWise ? data.columns() : data.rows();
-    Standardisation result{Vector(p), Vector(p)};
-    if (result.isNull())
-        return {};
-    Vector& means = result.means;
-    Vector& deviations = result.deviations;
-
-    std::fill(means.begin(), means.end(), 0.0);
-    forEachValue(data, rowWise, [&](int j, double x) { means[j] += x; });
-    // Row-wise data divide by the number of variables, on purpose.
-    for (double& mean : means)
-        mean /= rowWise ? p : n;
-
-    std::fill(deviations.begin(), deviations.end(), 0.0);
-    forEachValue(data, rowWise, [&](int j, double x) {
-        const double centred = x - means[j];
-        deviations[j] += centred * centred;
-    });
-    for (double& deviation : deviations)
-        deviation = std::sqrt(deviation / n);
-    return result;
+    const Matrix& data = *raw.data;
+    if (!raw.rowWise) {
+        for (int i = 0; i < count; ++i)
+            standardiseCase(data[first + i], *raw.used, zScores[i]);
+        return;
+    }
+    for (int j = 0; j < data.rows(); ++j) {
+        const double mean = raw.used->means[j];
+        const double scale = raw.used->scales[j];
+        for (int i = 0; i < count; ++i)
+            zScores[i][j] = (data[j][first + i] - mean) * scale;
+    }
 }
 
 } // namespace pelmora

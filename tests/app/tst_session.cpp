@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "apptest.h"
+#include "numerics/correlation.h"
 #include "numerics/rotation.h"
 #include "support/referencefile.h"
 
@@ -95,7 +96,7 @@ void TestSession::samplesGiveTheReferences()
             QVERIFY(std::abs(decomposition.eigenvalues[i] - eigenvalues[i][0]) < 1e-11);
 
         const auto result =
-            pelmora::extractFactors(decomposition, factors, pelmora::VarimaxRotation, {}, false);
+            pelmora::extractFactors(decomposition, factors, pelmora::VarimaxRotation);
         // R stops where its own criterion allows: 1e-6 is its precision, not ours.
         const auto loadings = reference(QString("%1.varimax-%2").arg(sampleName).arg(factors));
         QVERIFY(largestDifference(result.loadings, loadings) < 1e-6);
@@ -125,11 +126,13 @@ void TestSession::scoresHaveUnitVariance()
                                           {pelmora::NoRotation, false},
                                           {pelmora::PelmoraRotation, true}}) {
         const auto data = rowWise ? transposed(lines) : lines.clone();
-        auto standardised = pelmora::formCorrelations(data, rowWise).standardised;
+        pelmora::Standardisation used;
+        QVERIFY(!pelmora::correlations(data, rowWise, used).isNull());
+        const pelmora::RawScores raw{.data = &data, .used = &used, .rowWise = rowWise};
+        pelmora::Matrix standardised(20, data.rows() + data.columns() - 20);
+        pelmora::standardise(raw, 0, 20, standardised);
         const auto [loadings, coefficients, scores] =
-            pelmora::extractFactors(session()->decomposition(), 3, method, standardised, rowWise);
-        if (rowWise)
-            standardised = transposed(standardised);
+            pelmora::extractFactors(session()->decomposition(), 3, method, raw);
         QCOMPARE(scores.rows(), 20);
         QCOMPARE(coefficients.columns(), 3);
         for (int j = 0; j < 3; ++j) {
@@ -184,7 +187,7 @@ void TestSession::everyPageShowsItsOwnKind()
          {std::tuple(3, pelmora::PelmoraRotation, "Pelmora rotated factors : "),
           {4, pelmora::VarimaxRotation, "Varimax rotated factors : "},
           {5, pelmora::NoRotation, "Initial factors : "}}) {
-        const auto own = pelmora::extractFactors(session()->decomposition(), 3, method, {}, false);
+        const auto own = pelmora::extractFactors(session()->decomposition(), 3, method);
         pages()->setCurrentIndex(page);
         QCOMPARE(find<QLabel>("labelFactors")->text(), title);
         QVERIFY(saved("ExportRotated").contains(QByteArray::number(own.loadings[0][0], 'g', 6)));

@@ -46,17 +46,21 @@ void TestCorrelation::equalsThePlainFormToTheBit()
             x[i][1] = 0.5; // a variable without variance gives NaN
     Matrix plainX = x.clone();
     Matrix rebuilt = x.clone();
-    const auto [means, deviations] = standardisation(x, flag == 1);
+    Standardisation used;
+    const Matrix stays = correlations(x, flag == 1, used);
+    QVERIFY(sameBits(x, plainX));
+    const RawScores raw{.data = &rebuilt, .used = &used, .rowWise = flag == 1};
+    Matrix zScores(raw.cases(), raw.variables());
+    standardise(raw, 0, raw.cases(), zScores);
     const Matrix r = correlationsOf(x, flag);
+    QVERIFY(sameBits(r, stays));
     const Matrix plainR = Matrix::adopt(plain::correlate(plainX.rowPointers(), rows, columns, flag),
                                         r.rows(), r.columns());
     QVERIFY(sameBits(r, plainR));
     QVERIFY(sameBits(x, plainX));
     for (int i = 0; i < rows; ++i)
         for (int j = 0; j < columns; ++j)
-            rebuilt[i][j] =
-                (rebuilt[i][j] - means[flag == 1 ? i : j]) * (1.0 / deviations[flag == 1 ? i : j]);
-    QVERIFY(sameBits(x, rebuilt));
+            QVERIFY(sameBits(x[i][j], flag == 1 ? zScores[j][i] : zScores[i][j]));
 }
 
 void TestCorrelation::rowWiseMeansDivideByTheNumberOfVariables()
