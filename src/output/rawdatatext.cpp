@@ -8,18 +8,36 @@
 #include <ostream>
 #include <string>
 
-void writeRawData(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names)
+namespace {
+
+template <typename Value>
+void writeValues(std::ostream& out, int rows, int columns, Value value)
 {
     std::string line;
-    for (int row = 0; row < values.rows(); ++row) {
+    for (int row = 0; row < rows; ++row) {
         line.clear();
-        for (int column = 0; column < values.columns(); ++column) {
+        for (int column = 0; column < columns; ++column) {
             if (column > 0)
                 line += '\t';
-            line += numbertext::shortest(values[row][column]);
+            line += numbertext::shortest(value(row, column));
         }
         line += '\n';
         out << line;
     }
+}
+
+} // namespace
+
+void writeRawData(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names)
+{
+    writeValues(out, values.rows(), values.columns(),
+                [&values](int row, int column) { return values[row][column]; });
+    writeNameHeader(out, names);
+}
+
+void writeTransposed(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names)
+{
+    writeValues(out, values.columns(), values.rows(),
+                [&values](int row, int column) { return values[column][row]; });
     writeNameHeader(out, names);
 }

@@ -12,3 +12,6 @@
 /// line per matrix row, values separated by tabs in their shortest plain decimal form, then the
 /// name header.
 void writeRawData(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names);
+
+/// The same with rows and columns exchanged.
+void writeTransposed(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names);

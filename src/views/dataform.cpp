@@ -33,6 +33,7 @@ DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
 {
     m_ui->setupUi(this);
     m_ui->labelNoCorrelations->hide();
+    m_ui->labelRowWise->hide();
     const auto name = [this](int variable) { return m_names.value(variable); };
     const auto number = [](int section) { return QString::number(section + 1); };
     m_model->setHeaders(
@@ -78,6 +79,18 @@ void DataForm::showVariables()
             m_constant.append(static_cast<int>(i));
     // Not the session's names: it may know of no variable before the correlations are formed.
     showNames(m_data->names().first(statistics.size()).texts());
+    showRowWiseMeans();
+}
+
+/// On purpose the divisor is not the number of cases; who does not know would trust the results.
+void DataForm::showRowWiseMeans()
+{
+    m_ui->labelRowWise->setText(
+        tr("Row-wise: means are divided by the number of variables (%1), not of cases (%2), so "
+           "correlations differ from those of the same data in columns.")
+            .arg(m_data->rows())
+            .arg(m_data->cols()));
+    m_ui->labelRowWise->setVisible(m_rowWise && m_data->rows() != m_data->cols());
 }
 
 void DataForm::showWholeRows()
@@ -163,16 +176,29 @@ void DataForm::on_pushButtonEditNames_clicked()
 
 void DataForm::on_pushButtonSave_clicked()
 {
+    save(QString(),
+         [this](std::ostream& out) { writeRawData(out, m_data->matrix(), m_data->names()); });
+}
+
+void DataForm::on_pushButtonSaveTransposed_clicked()
+{
+    save(QStringLiteral("_transposed.dat"), [this](std::ostream& out) {
+        const auto variables = m_rowWise ? m_data->rows() : m_data->cols();
+        writeTransposed(out, m_data->matrix(), m_data->names().first(variables));
+    });
+}
+
+void DataForm::save(const QString& ending, const std::function<void(std::ostream&)>& write)
+{
     if (!m_data)
         return;
     FileExport fileExport;
     fileExport.caption = tr("Please select folder and filename to save values");
-    fileExport.proposedFile = m_session->outputStem();
+    fileExport.proposedFile = m_session->outputStem() + ending;
     fileExport.filter = QStringLiteral("*.dat");
     fileExport.failureTitle = tr("Error while trying to save file");
     fileExport.badStreamText = tr("Cannot write to file!");
     fileExport.inPlaceOfInput =
         tr("All decimals stay, but comments and other lines would be lost.");
-    runExport(this, m_session, fileExport,
-              [this](std::ostream& out) { writeRawData(out, m_data->matrix(), m_data->names()); });
+    runExport(this, m_session, fileExport, write);
 }

@@ -9,6 +9,8 @@
 #include <QVector>
 #include <QWidget>
 
+#include <functional>
+#include <iosfwd>
 #include <memory>
 
 class AsciiData;
@@ -40,12 +42,15 @@ private slots:
     void on_radioButtonRowWise_clicked();
     void on_pushButtonEditNames_clicked();
     void on_pushButtonSave_clicked();
+    void on_pushButtonSaveTransposed_clicked();
 
 private:
     void chooseRowWise(bool rowWise);
     void showVariables();
     void showNames(const QVector<QString>& names);
     void showNoCorrelations();
+    void showRowWiseMeans();
+    void save(const QString& ending, const std::function<void(std::ostream&)>& write);
     void showWholeRows();
     void releaseSessionData();
 

@@ -120,6 +120,21 @@ private slots:
         QCOMPARE(pages.data(), dataAsRead);
     }
 
+    void rowWiseMeansAreTold()
+    {
+        Pages pages;
+        const auto* told = pages.findChild<QLabel*>("labelRowWise");
+        QVERIFY(told->isHidden());
+        click(pages.raw, "radioButtonRowWise");
+        QVERIFY(!told->isHidden());
+        QCOMPARE(told->text(), "Row-wise: means are divided by the number of variables (2), not of "
+                               "cases (3), so correlations differ from those of the same data in "
+                               "columns.");
+        pages.session->data.setMatrix(matrixOf({{1, 2}, {-5, 2}}));
+        pages.raw.fill(pages.session->data);
+        QVERIFY(told->isHidden());
+    }
+
     void editedNamesReachEveryPage()
     {
         Pages pages;
@@ -165,6 +180,22 @@ private slots:
                 QCOMPARE(std::bit_cast<quint64>(back.matrix()[i][j]),
                          std::bit_cast<quint64>(values[i][j]));
         QCOMPARE(back.names().texts(), pages.session->variableNames());
+    }
+
+    void transposedDataReadBackInColumns()
+    {
+        Pages pages;
+        const QString path = m_folder.filePath("transposed.dat");
+        click(pages.raw, "radioButtonRowWise");
+        m_dialogs.chooseFile(path);
+        click(pages.raw, "pushButtonSaveTransposed");
+        QVERIFY(m_dialogs.takeRecord().last().contains(pages.session->outputStem() +
+                                                       "_transposed.dat|*.dat"));
+        QCOMPARE(contentsOf(path), "1\t-5\n2\t2\n3.125\t1000\nvname\t1\t1\nvname\t2\tB\n");
+        m_dialogs.chooseFile(path);
+        click(pages.raw, "radioButtonColumnWise");
+        click(pages.raw, "pushButtonSaveTransposed");
+        QVERIFY(contentsOf(path).endsWith("vname\t3\t3\n"));
     }
 
     void savedCorrelationsKeepTheirPlace()
