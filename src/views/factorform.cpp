@@ -56,6 +56,7 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
     , m_scoresModel(new NumberTableModel(this))
 {
     m_ui->setupUi(this);
+    m_ui->labelUnmoved->hide();
     m_ui->scoresTable->setModel(m_scoresModel);
     m_ui->tableFactors->setVerticalHeader(new NameHeader(Qt::Vertical, m_ui->tableFactors));
     m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestNameInCharacters *
@@ -119,6 +120,11 @@ void FactorForm::setTitle(const QString& title)
     m_kind = kind.value_or(FactorKind::Initial);
     m_ui->labelFactors->setFont(QFont(QStringLiteral("Helvetica [Cronyx]"), 12, QFont::Bold));
     m_ui->labelFactors->setText(kind ? translatedTitle(*kind) : title);
+}
+
+void FactorForm::setUnmoved(bool unmoved)
+{
+    m_ui->labelUnmoved->setVisible(unmoved);
 }
 
 void FactorForm::addFocalFactorTab(QWidget* page, int factorNumber)

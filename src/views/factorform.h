@@ -38,6 +38,8 @@ public:
     /// One of the three titles of factorkind.h, untranslated; it decides the page's file
     /// extensions.
     void setTitle(const QString& title);
+    /// Tells whether a rotation has changed nothing, since three equal pages look like a fault.
+    void setUnmoved(bool unmoved);
 
     /// Adds a page to "Minimal pairs" under "Focal factor No. %1".
     void addFocalFactorTab(QWidget* page, int factorNumber);

@@ -20,6 +20,7 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <cmath>
 #include <memory>
@@ -122,6 +123,33 @@ private slots:
             const DiagramGeometry geometry{.size = size};
             QVERIFY(table->columnWidth(2) >= geometry.cellSize(1.0, 1.0).width());
         }
+    }
+
+    void keysAndWheelZoomAsTheThumbMoves()
+    {
+        Page page(&m_session);
+        auto* bar = page.findChild<QScrollBar*>("horizontalScrollBarZarnelSize");
+        const auto directionAfter = [bar](const auto& input) {
+            bar->setValue(80);
+            input();
+            return bar->value() > 80 ? 1 : bar->value() < 80 ? -1 : 0;
+        };
+        const std::pair<Qt::Key, int> keys[] = {
+            {Qt::Key_Right, 1}, {Qt::Key_Up, 1},    {Qt::Key_PageUp, 1},    {Qt::Key_End, 1},
+            {Qt::Key_Left, -1}, {Qt::Key_Down, -1}, {Qt::Key_PageDown, -1}, {Qt::Key_Home, -1}};
+        for (const auto& [key, direction] : keys)
+            QCOMPARE(directionAfter([&, key = key] { QTest::keyClick(bar, key); }), direction);
+        // A wheel upwards and to the right.
+        for (const QPoint turn : {QPoint(0, 120), QPoint(-120, 0)})
+            for (const int sign : {1, -1})
+                QCOMPARE(directionAfter([&] {
+                             const QPointF middle(10, 5);
+                             QWheelEvent wheel(middle, bar->mapToGlobal(middle), {}, sign * turn,
+                                               Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                                               false);
+                             QCoreApplication::sendEvent(bar, &wheel);
+                         }),
+                         sign);
     }
 
     void namesFollowTheSession()

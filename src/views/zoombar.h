@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QScrollBar>
+
+/// A scroll bar that sets a size: keys and wheel move its thumb the way they point, upwards being
+/// more. A plain one moves what it scrolls, and so goes the other way.
+class ZoomBar : public QScrollBar
+{
+    Q_OBJECT
+
+public:
+    explicit ZoomBar(QWidget* parent);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
