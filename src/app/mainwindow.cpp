@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 
 #include "app/aboutbox.h"
+#include "app/firststeps.h"
 #include "app/pelmorasession.h"
 #include "app/sessiontabwidget.h"
 #include "app/userguide.h"
@@ -18,6 +19,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QShortcut>
@@ -38,6 +40,8 @@ MainWindow::MainWindow(QWidget* parent)
 {
     m_form->setupUi(this);
     setAcceptDrops(true);
+    m_form->mainTabWidget->setShownWhileEmpty(
+        makeFirstSteps(m_form->mainTabWidget, *m_form->actionDataASCII, *m_form->actionCorrASCII));
     auto* close = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this);
     connect(close, &QShortcut::activated, this, [this] {
         if (m_form->mainTabWidget->count() > 0)
@@ -81,10 +85,12 @@ void MainWindow::read(const InputKind& kind)
     m_sessions.append(session);
     const QString message = m_form->statusBar->currentMessage();
     if (!(session->*kind.load)(path)) {
-        if (LongWork::isCancelled())
+        if (LongWork::isCancelled()) {
             takeBack(session, message);
-        else
+        } else {
+            m_form->statusBar->clearMessage();
             discardSession(session);
+        }
         return;
     }
     m_form->statusBar->showMessage(
@@ -129,6 +135,9 @@ void MainWindow::addSessionTab(PelmoraSession* session)
     const int index =
         m_form->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
     m_form->mainTabWidget->setTabToolTip(index, plainToolTip(session->inputFile()));
+    connect(session, &PelmoraSession::pagesAdded, this, [this](const QStringList& titles) {
+        m_form->statusBar->showMessage(titles.join(QStringLiteral(", ")));
+    });
 }
 
 void MainWindow::on_mainTabWidget_tabCloseRequested(int index)

@@ -21,6 +21,7 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <algorithm>
 #include <optional>
 #include <stdexcept>
 
@@ -31,6 +32,19 @@ struct PelmoraSession::RotationPage
     FactorKind kind;
     const char* tabTitle;
 };
+
+namespace {
+
+/// Whether the first columns of @p loadings are @p factors, value for value.
+bool startWith(const pelmora::Matrix& loadings, const pelmora::Matrix& factors)
+{
+    for (int i = 0; i < factors.rows(); ++i)
+        if (!std::equal(factors[i], factors[i] + factors.columns(), loadings[i]))
+            return false;
+    return true;
+}
+
+} // namespace
 
 PelmoraSession::PelmoraSession(QObject* parent) : SessionFace(parent) {}
 
@@ -164,13 +178,17 @@ void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
         {PelmoraBit, pelmora::PelmoraRotation, FactorKind::Pelmora, QT_TR_NOOP("Pelmora[%1]")},
         {VarimaxBit, pelmora::VarimaxRotation, FactorKind::Varimax, QT_TR_NOOP("Varimax[%1]")},
         {UnrotatedBit, pelmora::NoRotation, FactorKind::Initial, QT_TR_NOOP("Initial[%1]")}};
+    QStringList added;
     for (const RotationPage& page : pages) {
         if ((kinds & page.bit) && !LongWork::isCancelled())
-            createRotationPage(numberOfFactors, page);
+            createRotationPage(numberOfFactors, page, &added);
     }
+    if (!added.isEmpty())
+        emit pagesAdded(added);
 }
 
-void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage& page)
+void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage& page,
+                                        QStringList* added)
 {
     auto factors =
         pelmora::extractFactors(m_decomposition, numberOfFactors, page.method, rawScores());
@@ -185,10 +203,14 @@ void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage&
 
     auto* form = new FactorForm(m_pages, numberOfFactors, this);
     form->setTitle(factorTitle(page.kind));
+    form->setUnmoved(page.method != pelmora::NoRotation &&
+                     startWith(m_decomposition.initialLoadings, loadings.values));
     form->setUp(loadings, !finder, std::move(factors.scores));
     if (finder)
         addMinimalPairs(form, *finder);
-    m_pages->addPage(form, tr(page.tabTitle).arg(numberOfFactors), true);
+    const QString title = tr(page.tabTitle).arg(numberOfFactors);
+    m_pages->addPage(form, title, true);
+    added->append(title);
 }
 
 void PelmoraSession::addMinimalPairs(FactorForm* page, const MinimalPairFinder& finder)

@@ -68,6 +68,10 @@ public:
     bool isRowWise() const override { return m_rowWise; }
     void setRowWise(bool rowWise) override;
 
+signals:
+    /// Pages of factors have come, with these titles.
+    void pagesAdded(const QStringList& titles);
+
 public slots:
     /// Removes a page's tab; the page itself lives on with the tab widget.
     void slotCloseTab(int iIndex);
@@ -78,7 +82,7 @@ private:
     bool hasRawData() const { return !m_dataFile.isEmpty(); }
     int variableCount() const;
     pelmora::RawScores rawScores() const;
-    void createRotationPage(int numberOfFactors, const RotationPage& page);
+    void createRotationPage(int numberOfFactors, const RotationPage& page, QStringList* added);
     void addMinimalPairs(FactorForm* page, const MinimalPairFinder& finder);
     void takeCorrelations(pelmora::Correlations computed);
     void showDecomposition(pelmora::Decomposition decomposition);

@@ -6,7 +6,9 @@
 #include <QAbstractItemView>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QDropEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QSet>
@@ -24,6 +26,9 @@ private slots:
     void aCancelledDialogLeavesEverything();
     void aFileBecomesASession();
     void aBadFileIsRememberedAndItsFolderOpened();
+    void theStatusBarTellsWhatCame();
+    void firstStepsFillTheEmptyPane();
+    void longPathsLeaveFileNamesReadable();
     void closingATabKeepsTheOthers();
     void keysCloseWhatIsInFront();
     void togglesAreStoredAtOnce();
@@ -129,6 +134,61 @@ void TestMainWindow::aBadFileIsRememberedAndItsFolderOpened()
         QCOMPARE(std::exchange(m_opened, {}), QStringList(file.folder()));
         QCOMPARE(location(action), file.path());
     }
+}
+
+void TestMainWindow::theStatusBarTellsWhatCame()
+{
+    const auto told = [this] { return m_window->statusBar()->currentMessage(); };
+    const SampleFile file("data.txt", fourCases);
+    read("actionDataASCII", file.path());
+    for (auto* box : pages()->currentWidget()->findChildren<QCheckBox*>())
+        box->setChecked(true);
+    find<QPushButton>("processButton")->click();
+    QCOMPARE(told(), "Pelmora[2], Varimax[2], Initial[2]");
+    m_dialogs.cancelFile();
+    trigger("actionDataASCII");
+    QCOMPARE(told(), "Pelmora[2], Varimax[2], Initial[2]");
+    const SampleFile bad("bad.txt", "1 2\n1\n");
+    read("actionDataASCII", bad.path());
+    QCOMPARE(told(), "");
+}
+
+void TestMainWindow::firstStepsFillTheEmptyPane()
+{
+    m_window->show();
+    const auto* steps = sessions()->findChild<QLabel*>("labelFirstSteps");
+    QVERIFY(steps->isVisible() && sessions()->rect().contains(steps->geometry()));
+    for (const char* key : {"actionDataASCII", "actionCorrASCII"})
+        QVERIFY(steps->text().contains(action(key)->shortcut().toString(QKeySequence::NativeText)));
+    const SampleFile file("data.txt", fourCases);
+    for (int i = 0; i < 2; ++i) {
+        read("actionDataASCII", file.path());
+        QVERIFY(!steps->isVisible());
+    }
+    emit sessions()->tabCloseRequested(0);
+    QVERIFY(!steps->isVisible());
+    emit sessions()->tabCloseRequested(0);
+    QVERIFY(steps->isVisible());
+}
+
+void TestMainWindow::longPathsLeaveFileNamesReadable()
+{
+    const QTemporaryDir folder;
+    const QString deep = folder.filePath(QString(200, 'x'));
+    QVERIFY(QDir().mkpath(deep));
+    QFile file(deep + "/survey of the year.txt");
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(fourCases) > 0);
+    file.close();
+    m_window->show();
+    for (int i = 0; i < 12; ++i)
+        read("actionDataASCII", file.fileName());
+    QCoreApplication::processEvents();
+    const auto* tabs = sessions()->tabBar();
+    QCOMPARE(tabs->elideMode(), Qt::ElideLeft);
+    for (int i = 0; i < tabs->count(); ++i)
+        QVERIFY2(tabs->tabRect(i).width() >
+                     tabs->fontMetrics().horizontalAdvance("survey of the year.txt"),
+                 qPrintable(QString::number(tabs->tabRect(i).width())));
 }
 
 void TestMainWindow::closingATabKeepsTheOthers()

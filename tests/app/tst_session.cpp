@@ -62,6 +62,7 @@ private slots:
     void scoresHaveUnitVariance();
     void pagesComeInOrder();
     void everyPageShowsItsOwnKind();
+    void rotationsThatChangeNothingSaySo();
     void orientationThereAndBackIsTheSameToTheBit();
     void namesOutliveTheOrientation();
     void namesReachEveryPage();
@@ -191,6 +192,25 @@ void TestSession::everyPageShowsItsOwnKind()
         pages()->setCurrentIndex(page);
         QCOMPARE(find<QLabel>("labelFactors")->text(), title);
         QVERIFY(saved("ExportRotated").contains(QByteArray::number(own.loadings[0][0], 'g', 6)));
+    }
+}
+
+void TestSession::rotationsThatChangeNothingSaySo()
+{
+    // The first one starts where both criteria are stationary.
+    for (const auto& [correlations, unmoved] :
+         {std::pair(QByteArray("1\n.8 1\n.3 .3 1\n.3 .3 .8 1\n"),
+                    QStringList({"Pelmora[2]", "Varimax[2]"})),
+          {"1\n.8 1\n.3 .2 1\n.3 .1 .7 1\n", {}}}) {
+        const SampleFile file("matrix.cor", correlations);
+        read("actionCorrASCII", file.path());
+        session()->createRotationPages(2, 7);
+        QStringList told;
+        for (int i = 2; i < pages()->count(); ++i)
+            if (!pages()->widget(i)->findChild<QLabel*>("labelUnmoved")->isHidden())
+                told << pages()->tabText(i);
+        QCOMPARE(told, unmoved);
+        emit sessions()->tabCloseRequested(0);
     }
 }
 
