@@ -13,6 +13,7 @@ declare -A packages=(
     [fuzz]="clang libclang-rt-dev"
     [bench]="libbenchmark-dev"
     [package]="dpkg-dev file desktop-file-utils appstream lintian"
+    [recipes]="postgresql postgresql-client python3-distributed procps"
     [artwork]="librsvg2-bin fonts-dejavu-core"
 )
 
