@@ -24,7 +24,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/resources/pelmora_icon.svg
     RENAME ${application_id}.svg)
 
 # Not below share/doc: some systems leave that folder out, and the program opens the guide.
-install(FILES ${PROJECT_BINARY_DIR}/docs/pelmora-user-guide.pdf
+install(FILES ${PROJECT_BINARY_DIR}/docs/pelmora-user-guide.pdf ${PROJECT_SOURCE_DIR}/docs/large-data.md
     DESTINATION ${pelmora_datadir})
 install(FILES
         ${PROJECT_SOURCE_DIR}/data/box-problem.txt
