@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <QTableView>
@@ -59,14 +60,13 @@ void moveRows(QTableView* view, const std::vector<int>& rows)
 /// The two actions, and an ear for where the menu is opened.
 class RowOrder : public QObject
 {
-    Q_OBJECT
-
 public:
     explicit RowOrder(QTableView* view)
         : QObject(view)
         , m_view(view)
-        , m_byFactor(new QAction(tr("Order rows by this factor"), view))
-        , m_original(new QAction(tr("Original order"), view))
+        , m_byFactor(new QAction(
+              QCoreApplication::translate("RowOrder", "Order rows by this factor"), view))
+        , m_original(new QAction(QCoreApplication::translate("RowOrder", "Original order"), view))
     {
         connect(m_byFactor, &QAction::triggered, this, &RowOrder::orderByFactor);
         connect(m_original, &QAction::triggered, this, &RowOrder::restore);
@@ -143,5 +143,3 @@ void installRowOrder(QTableView* view)
 {
     new RowOrder(view);
 }
-
-#include "roworder.moc"

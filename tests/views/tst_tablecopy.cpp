@@ -8,11 +8,14 @@
 #include "views/tablecopy.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QMenu>
 #include <QMimeData>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
+#include <QWindow>
 
 #include <cmath>
 
@@ -125,6 +128,22 @@ private slots:
         QTest::mouseDClick(viewport, Qt::RightButton, {}, middleOf(2, 2));
         QCOMPARE(table.view.selectionModel()->selectedIndexes(),
                  QModelIndexList({table.model.index(0, 0)}));
+
+        QStringList entries;
+        QTimer menuWatcher;
+        connect(&menuWatcher, &QTimer::timeout, [&entries] {
+            if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+                for (const QAction* action : menu->actions())
+                    entries << action->text();
+                menu->close();
+            }
+        });
+        menuWatcher.start(0);
+        // Through the window, which asks for the menu.
+        QTest::mouseClick(table.view.windowHandle(), Qt::RightButton, {},
+                          viewport->mapTo(&table.view, middleOf(1, 1)));
+        QCOMPARE(entries, QStringList({"Copy", "Copy with all digits", "Copy as document table",
+                                       "Copy as Markdown", "Copy as LaTeX"}));
     }
 };
 
