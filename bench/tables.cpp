@@ -28,6 +28,7 @@ namespace {
 class Session : public SessionFace
 {
 public:
+    QString inputFile() const override { return {}; }
     QString outputStem() const override { return QStringLiteral("/bench"); }
     QVector<QString> variableNames() const override { return {}; }
     void setVariableNames(const QVector<QString>&) override {}
