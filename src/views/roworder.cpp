@@ -129,6 +129,7 @@ private:
 std::vector<int> variablesByFactor(const factorModel& model, int factor)
 {
     std::vector<Rank> ranks;
+    ranks.reserve(static_cast<std::size_t>(model.numberOfVariables()));
     for (int variable = 0; variable < model.numberOfVariables(); ++variable)
         ranks.push_back(rankOf(model, variable, factor));
     std::vector<int> variables(ranks.size());
