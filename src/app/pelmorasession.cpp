@@ -241,6 +241,13 @@ int PelmoraSession::variableCount() const
     return static_cast<int>(m_correlations.rows());
 }
 
+int PelmoraSession::numberOfCases() const
+{
+    if (!hasRawData())
+        return 0;
+    return m_rowWise ? m_data.matrix().columns() : m_data.matrix().rows();
+}
+
 QVector<QString> PelmoraSession::variableNames() const
 {
     return m_correlations.names().texts();

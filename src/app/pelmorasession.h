@@ -56,8 +56,6 @@ public:
     /// numberOfFactors.
     void createRotationPages(int numberOfFactors, unsigned kinds);
 
-    /// What the "PCA" page shows and writes.
-    const pelmora::Decomposition& decomposition() const { return m_decomposition; }
     /// The names as files hold them.
     const VariableNames& names() const { return m_correlations.names(); }
 
@@ -67,6 +65,8 @@ public:
     void setVariableNames(const QVector<QString>& names) override;
     bool isRowWise() const override { return m_rowWise; }
     void setRowWise(bool rowWise) override;
+    int numberOfCases() const override;
+    const pelmora::Decomposition& decomposition() const override { return m_decomposition; }
 
 signals:
     /// Pages of factors have come, with these titles.

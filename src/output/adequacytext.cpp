@@ -85,6 +85,13 @@ QString eigenvalueRatio(const Computed<double>& ratio, unsigned decimals)
                             : numbertext::fixed(ratio.value, decimals));
 }
 
+QString antiImage(const Obstacle& obstacle)
+{
+    if (!obstacle)
+        return QString();
+    return Text::tr("Anti-image correlations: %1").arg(cannotBeComputed(obstacle));
+}
+
 QString eigenvaluesOfAtLeastOne(int count)
 {
     return Text::tr("Eigenvalues of at least 1: %1").arg(count);

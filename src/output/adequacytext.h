@@ -27,6 +27,9 @@ QString parallelAnalysis(const pelmora::Obstacle& obstacle,
 QString empiricalKaiser(const pelmora::Computed<pelmora::EmpiricalKaiser>& criterion);
 QString minimumAveragePartial(const pelmora::Computed<pelmora::MinimumAveragePartial>& map);
 
+/// Why there is no anti-image; empty without an obstacle.
+QString antiImage(const pelmora::Obstacle& obstacle);
+
 /// Why a number cannot be computed: "the diagonal is not 1"; empty without an obstacle.
 QString reason(const pelmora::Obstacle& obstacle);
 

@@ -7,12 +7,16 @@
 #include "output/correlationtext.h"
 #include "settings/settings.h"
 #include "ui_corrform.h"
+#include "views/adequacypage.h"
+#include "views/antiimagepage.h"
 #include "views/dialogvarnames.h"
+#include "views/factornumberpage.h"
 #include "views/fileexport.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
 #include "views/shadedelegate.h"
 #include "views/tablecopy.h"
+#include "views/waitcursor.h"
 
 namespace {
 
@@ -35,14 +39,28 @@ CorrForm::CorrForm(SessionFace* session, QWidget* tabWidget)
     m_ui->setupUi(this);
     const auto name = [this](int variable) { return m_names.value(variable); };
     m_model->setHeaders(name, name);
+    m_model->showExactInToolTips();
     m_ui->tableCorrelations->setModel(m_model);
     m_ui->tableCorrelations->setItemDelegate(m_shades);
     m_ui->checkBoxShade->setChecked(lastShading());
     m_shades->setShading(lastShading());
     installNameHeaders(m_ui->tableCorrelations);
     installTableCopy(m_ui->tableCorrelations);
+    addPages();
     connect(session, &SessionFace::variableNamesChanged, this, &CorrForm::on_variableNamesChanged);
     connect(session, &QObject::destroyed, this, &CorrForm::releaseSessionData);
+}
+
+void CorrForm::addPages()
+{
+    QTabWidget* tabs = m_ui->tabWidgetCorrelations;
+    m_adequacyPage = new AdequacyPage(tabs);
+    m_antiImagePage = new AntiImagePage(tabs);
+    m_factorNumberPage = new FactorNumberPage(tabs);
+    tabs->addTab(m_adequacyPage, tr("Adequacy"));
+    tabs->addTab(m_antiImagePage, tr("Anti-image"));
+    tabs->addTab(m_factorNumberPage, tr("Number of factors"));
+    connect(m_factorNumberPage, &FactorNumberPage::casesChanged, this, &CorrForm::showBartlett);
 }
 
 CorrForm::~CorrForm()
@@ -56,13 +74,53 @@ void CorrForm::fill(const CorrelationData& correlations)
     m_correlations = &correlations;
     const auto& values = correlations.matrix();
     m_model->fill(values.rowPointers(), values.rows(), values.columns());
+    m_factorNumberPage->setCases(m_session->numberOfCases());
     showNames(correlations.names().first(correlations.rows()).texts());
+}
+
+void CorrForm::on_tabWidgetCorrelations_currentChanged(int index)
+{
+    if (!m_correlations || !m_session || m_session->decomposition().isNull())
+        return;
+    const QWidget* page = m_ui->tabWidgetCorrelations->widget(index);
+    if (page == m_factorNumberPage && !m_factorNumberPage->isComputed())
+        computeNumberOfFactors();
+    if ((page == m_adequacyPage || page == m_antiImagePage) && !m_hasAdequacy)
+        computeAdequacy();
+}
+
+void CorrForm::computeAdequacy()
+{
+    const WaitCursor waiting;
+    const pelmora::Matrix& matrix = m_correlations->matrix();
+    pelmora::Adequacy adequacy = pelmora::adequacy(matrix, m_session->decomposition());
+    m_adequacyPage->showAdequacy(adequacy, matrix.rows());
+    m_antiImagePage->showAntiImage(std::move(adequacy.antiImage), adequacy.lnDeterminant.obstacle,
+                                   matrix.rows());
+    m_hasAdequacy = true;
+    showBartlett();
+}
+
+void CorrForm::computeNumberOfFactors()
+{
+    const WaitCursor waiting;
+    m_factorNumberPage->compute(m_correlations->matrix(), m_session->decomposition());
+}
+
+void CorrForm::showBartlett()
+{
+    if (m_hasAdequacy && m_correlations)
+        m_adequacyPage->showBartlett(pelmora::bartlettTest(
+            m_correlations->matrix(), m_session->decomposition(), m_factorNumberPage->cases()));
 }
 
 void CorrForm::releaseSessionData()
 {
     m_correlations = nullptr;
     m_model->clear();
+    m_adequacyPage->clear();
+    m_antiImagePage->clear();
+    m_factorNumberPage->clear();
     setEnabled(false);
 }
 
@@ -78,6 +136,8 @@ void CorrForm::showNames(const QVector<QString>& names)
     m_model->headersChanged();
     fitToNumbers(m_ui->tableCorrelations, *m_model);
     setLowRows(m_ui->tableCorrelations);
+    m_adequacyPage->setNames(names);
+    m_antiImagePage->setNames(names);
 }
 
 void CorrForm::on_checkBoxShade_toggled(bool checked)

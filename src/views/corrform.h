@@ -11,7 +11,10 @@
 
 #include <memory>
 
+class AdequacyPage;
+class AntiImagePage;
 class CorrelationData;
+class FactorNumberPage;
 class NumberTableModel;
 class ShadeDelegate;
 
@@ -19,7 +22,8 @@ namespace Ui {
 class CorrForm;
 }
 
-/// The "Correlations" page: the matrix, names, and the export as "*.cor".
+/// The "Correlations" page: the matrix, names, and the export as "*.cor"; whether the correlations
+/// are fit for factors, and of how many. The latter two are computed when they are first looked at.
 class CorrForm : public QWidget
 {
     Q_OBJECT
@@ -35,11 +39,16 @@ public slots:
     void on_variableNamesChanged(QVector<QString> const& names);
 
 private slots:
+    void on_tabWidgetCorrelations_currentChanged(int index);
     void on_checkBoxShade_toggled(bool checked);
     void on_pushButtonEditNames_clicked();
     void on_pushButtonSave_clicked();
 
 private:
+    void addPages();
+    void computeAdequacy();
+    void computeNumberOfFactors();
+    void showBartlett();
     void showNames(const QVector<QString>& names);
     void releaseSessionData();
 
@@ -49,4 +58,8 @@ private:
     QVector<QString> m_names;
     NumberTableModel* m_model;
     ShadeDelegate* m_shades;
+    AdequacyPage* m_adequacyPage = nullptr;
+    AntiImagePage* m_antiImagePage = nullptr;
+    FactorNumberPage* m_factorNumberPage = nullptr;
+    bool m_hasAdequacy = false;
 };

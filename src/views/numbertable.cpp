@@ -6,6 +6,8 @@
 #include "output/numbertext.h"
 #include "settings/settings.h"
 
+#include <cmath>
+
 NumberTableModel::NumberTableModel(QObject* parent) : QAbstractTableModel(parent) {}
 
 void NumberTableModel::fill(const double* const* values, int rows, int columns)
@@ -56,13 +58,26 @@ QVariant NumberTableModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return QVariant();
-    if (role == Qt::DisplayRole)
-        return numbertext::fixed(value(index.row(), index.column()), m_decimals);
-    if (role == exactNumberRole)
+    if (role == Qt::DisplayRole || (role == Qt::ToolTipRole && m_exactToolTips))
+        return text(value(index.row(), index.column()), role);
+    if (role == exactNumberRole && !isEmpty(value(index.row(), index.column())))
         return value(index.row(), index.column());
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
     return QVariant();
+}
+
+bool NumberTableModel::isEmpty(double number) const
+{
+    return m_emptyNotNumbers && std::isnan(number);
+}
+
+QString NumberTableModel::text(double number, int role) const
+{
+    if (isEmpty(number))
+        return QString();
+    return role == Qt::ToolTipRole ? QString::fromStdString(numbertext::shortest(number))
+                                   : numbertext::fixed(number, m_decimals);
 }
 
 QVariant NumberTableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -30,14 +30,19 @@ public:
     /// Shows an empty table; touches no values.
     void clear();
 
+    /// Cells without a number are empty instead of "nan".
+    void leaveNotNumbersEmpty() { m_emptyNotNumbers = true; }
+    /// Tool tips tell the value in the shortest plain form that reads back to exactly it.
+    void showExactInToolTips() { m_exactToolTips = true; }
+
     void setHeaders(HeaderText vertical, HeaderText horizontal);
     /// Tells the view that names in the headers are different now.
     void headersChanged();
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// Display: fixed notation, rounded first. Alignment: right, vertically centred. The number
-    /// itself under exactNumberRole.
+    /// Display: fixed notation, rounded first. Tool tip where wanted. Alignment: right, vertically
+    /// centred. The number itself under exactNumberRole.
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
@@ -45,10 +50,15 @@ public:
     double value(int row, int column) const { return m_values[row][column]; }
 
 private:
+    bool isEmpty(double number) const;
+    QString text(double number, int role) const;
+
     const double* const* m_values = nullptr;
     int m_rows = 0;
     int m_columns = 0;
     unsigned m_decimals = 0;
+    bool m_emptyNotNumbers = false;
+    bool m_exactToolTips = false;
     HeaderText m_verticalHeader;
     HeaderText m_horizontalHeader;
 };

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "numerics/factoranalysis.h"
+
 #include <QObject>
 #include <QString>
 #include <QVector>
@@ -30,6 +32,11 @@ public:
     virtual bool isRowWise() const = 0;
     /// Recomputes everything from the values as read; nothing happens when the state is the same.
     virtual void setRowWise(bool rowWise) = 0;
+
+    /// How many cases the correlations come from; 0: not known.
+    virtual int numberOfCases() const = 0;
+    /// The eigenpairs of the correlations; null before they are computed.
+    virtual const pelmora::Decomposition& decomposition() const = 0;
 
 signals:
     void variableNamesChanged(QVector<QString> const& names);

@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTableView>
 
 #include <algorithm>
@@ -64,6 +65,7 @@ private slots:
     void everyPageShowsItsOwnKind();
     void rotationsThatChangeNothingSaySo();
     void orientationThereAndBackIsTheSameToTheBit();
+    void orientationDiscardsWhatWasToldOfTheOther();
     void namesOutliveTheOrientation();
     void namesReachEveryPage();
     void unchangedNamesAreWrittenAsTheyCame();
@@ -228,6 +230,25 @@ void TestSession::orientationThereAndBackIsTheSameToTheBit()
     session()->setRowWise(false);
     QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA", "Varimax[2]"}));
     QVERIFY(before == bits(loadings));
+}
+
+void TestSession::orientationDiscardsWhatWasToldOfTheOther()
+{
+    const SampleFile file("data.txt", "1 2 4\n2 1 5\n3 5 1\n4 3 3\n5 1 2\n");
+    read("actionDataASCII", file.path());
+    for (const auto& [rowWise, cases] : {std::pair(false, 5), {true, 3}, {false, 5}}) {
+        session()->setRowWise(rowWise);
+        pages()->setCurrentIndex(1);
+        QCOMPARE(find<QSpinBox>("spinBoxCases")->value(), cases);
+        auto* tabs = find<QTabWidget>("tabWidgetCorrelations");
+        for (const auto& [tab, table] :
+             {std::pair(1, "tableAdequacy"), {3, "tableNumberOfFactors"}}) {
+            const auto* model = find<QTableView>(table)->model();
+            QCOMPARE(model->rowCount(), 0);
+            tabs->setCurrentIndex(tab);
+            QCOMPARE(model->rowCount(), (rowWise ? 5 : 3) + (tab == 3));
+        }
+    }
 }
 
 void TestSession::namesOutliveTheOrientation()

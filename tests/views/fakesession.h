@@ -23,9 +23,13 @@ public:
     }
     bool isRowWise() const override { return rowWise; }
     void setRowWise(bool newState) override { rowWise = refuses ? rowWise : newState; }
+    int numberOfCases() const override { return cases; }
+    const pelmora::Decomposition& decomposition() const override { return eigenpairs; }
 
     QString input;
     CorrelationData data;
     bool rowWise = false;
+    int cases = 0;
+    pelmora::Decomposition eigenpairs;
     bool refuses = false; ///< to change the orientation
 };

@@ -27,7 +27,7 @@ struct Page : QWidget
         correlations.fill(matrix);
     }
 
-    QTableView* table() const { return findChild<QTableView*>(); }
+    QTableView* table() const { return findChild<QTableView*>("tableCorrelations"); }
     QCheckBox* shade() const { return findChild<QCheckBox*>("checkBoxShade"); }
     QRgb ground(int row, int column)
     {

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#include "views/adequacypage.h"
+
+#include "output/adequacytext.h"
+#include "settings/settings.h"
+#include "ui_adequacypage.h"
+#include "views/nameheaders.h"
+#include "views/numbertable.h"
+#include "views/tablecopy.h"
+
+#include <limits>
+
+/// One row per variable: its measures, and a word where they are too low.
+class AdequacyModel : public NumberTableModel
+{
+public:
+    enum Column { Msa, SquaredMultipleCorrelation, Note, ColumnCount };
+
+    explicit AdequacyModel(QObject* parent) : NumberTableModel(parent)
+    {
+        leaveNotNumbersEmpty();
+        showExactInToolTips();
+    }
+
+    void setValues(const pelmora::Adequacy& adequacy, int variables)
+    {
+        pelmora::Matrix values(variables, ColumnCount);
+        for (int row = 0; row < values.rows(); ++row) {
+            const bool computed = row < adequacy.msa.size();
+            const double nothing = std::numeric_limits<double>::quiet_NaN();
+            values[row][Msa] = computed ? adequacy.msa[row] : nothing;
+            values[row][SquaredMultipleCorrelation] =
+                computed ? adequacy.squaredMultipleCorrelations[row] : nothing;
+            // The note goes by the measure; without any measures there is none.
+            values[row][Note] = computed ? adequacy.msa[row] : 1.0;
+        }
+        fill(values.rowPointers(), values.rows(), values.columns());
+        m_values = std::move(values);
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (index.column() != Note)
+            return NumberTableModel::data(index, role);
+        if (role != Qt::DisplayRole || !index.isValid())
+            return QVariant();
+        return adequacytext::note(value(index.row(), Note));
+    }
+
+private:
+    pelmora::Matrix m_values; ///< the last column holds what the note goes by
+};
+
+AdequacyPage::AdequacyPage(QWidget* parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::AdequacyPage>())
+    , m_model(new AdequacyModel(this))
+{
+    m_ui->setupUi(this);
+    m_model->setHeaders(
+        [this](int variable) { return m_names.value(variable); },
+        [](int column) {
+            return QStringList{tr("MSA"), tr("Squared multiple\ncorrelation"), tr("Note")}.value(
+                column);
+        });
+    m_ui->tableAdequacy->setModel(m_model);
+    installNameHeaders(m_ui->tableAdequacy);
+    installTableCopy(m_ui->tableAdequacy);
+}
+
+AdequacyPage::~AdequacyPage()
+{
+    // The headers may be asked for names until the last widget is gone.
+    clear();
+}
+
+void AdequacyPage::showAdequacy(const pelmora::Adequacy& adequacy, int variables)
+{
+    const unsigned decimals = settings::precision();
+    m_ui->labelKmo->setText(adequacytext::kmo(adequacy.kmo, decimals));
+    m_ui->labelDeterminant->setText(adequacytext::determinant(adequacy.lnDeterminant, decimals));
+    m_ui->labelRatio->setText(adequacytext::eigenvalueRatio(adequacy.eigenvalueRatio, decimals));
+    m_model->setValues(adequacy, variables);
+    fitToNames(m_ui->tableAdequacy, *m_model);
+    setLowRows(m_ui->tableAdequacy);
+}
+
+void AdequacyPage::showBartlett(const pelmora::Computed<pelmora::Bartlett>& test)
+{
+    m_ui->labelBartlett->setText(adequacytext::bartlett(test, settings::precision()));
+}
+
+void AdequacyPage::setNames(const QVector<QString>& names)
+{
+    m_names = names;
+    m_model->headersChanged();
+    fitToNames(m_ui->tableAdequacy, *m_model);
+}
+
+void AdequacyPage::clear()
+{
+    m_model->clear();
+}
