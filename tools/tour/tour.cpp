@@ -115,6 +115,9 @@ void Tour::visitSession(const QString& prefix)
         QWidget* page = pages->widget(i);
         if (page->objectName() == u"FactorForm")
             visitFactorPage(page, name);
+        else if (auto* tests =
+                     page->findChild<QTabWidget*>(QStringLiteral("tabWidgetCorrelations")))
+            visitCorrelations(tests, name);
         else if (auto* tabs = page->findChild<QTabWidget*>())
             visitTabs(tabs, name);
         else
@@ -147,6 +150,24 @@ void Tour::visitTabs(QTabWidget* tabs, const QString& prefix)
 {
     for (int i = 0; i < tabs->count(); ++i) {
         tabs->setCurrentIndex(i);
+        takePicture(prefix + u'-' + fileNamePart(tabs->tabText(i)));
+    }
+    tabs->setCurrentIndex(0);
+}
+
+/// The matrix has the name of the page, the other tabs add their own.
+void Tour::visitCorrelations(QTabWidget* tabs, const QString& prefix)
+{
+    takePicture(prefix);
+    auto* cases = tabs->findChild<QSpinBox*>(QStringLiteral("spinBoxCases"));
+    if (!cases->isReadOnly())
+        cases->setValue(145); // of Harman's tests
+    for (int i = 1; i < tabs->count(); ++i) {
+        tabs->setCurrentIndex(i);
+        auto* parallel =
+            tabs->widget(i)->findChild<QPushButton*>(QStringLiteral("pushButtonParallel"));
+        if (parallel)
+            parallel->click();
         takePicture(prefix + u'-' + fileNamePart(tabs->tabText(i)));
     }
     tabs->setCurrentIndex(0);

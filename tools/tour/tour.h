@@ -26,6 +26,7 @@ private:
     void makeFactorPages();
     void visitSession(const QString& prefix);
     void visitTabs(QTabWidget* tabs, const QString& prefix);
+    void visitCorrelations(QTabWidget* tabs, const QString& prefix);
     void visitFactorPage(QWidget* page, const QString& prefix);
     void zoom(QWidget* page, const QString& prefix);
     void exportFrom(QWidget* page, const char* button, const QString& file);
