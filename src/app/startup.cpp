@@ -9,22 +9,38 @@
 #include "settings/settings.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QIcon>
 #include <QPixmap>
 #include <QSplashScreen>
 #include <QThread>
+#include <QWindow>
 
 namespace {
 
 constexpr unsigned long welcomeMilliseconds = 3000;
 
-/// Three rounds of events, since some window systems paint a new window only in the second or
-/// third. The sleep blocks on purpose: the welcome screen stands for its time, whatever is clicked.
+constexpr int exposureMilliseconds = 500;
+
+/// A window manager takes its time to let a window onto the screen; what is painted before is lost.
+void waitForExposure(const QWidget& widget)
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (!widget.windowHandle()->isExposed() && waited.elapsed() < exposureMilliseconds) {
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
+    }
+}
+
+/// Rounds of events, since some window systems paint a new window only in the second or third. The
+/// sleep blocks on purpose: the welcome screen stands for its time, whatever is clicked.
 void showWelcome(QSplashScreen& splash)
 {
     splash.show();
     QCoreApplication::processEvents();
     splash.repaint();
+    waitForExposure(splash);
     QCoreApplication::processEvents();
     splash.repaint();
     QCoreApplication::processEvents();

@@ -9,7 +9,7 @@
 #
 #     ./dev test development -R jacobi
 
-need build
+need build test
 preset=$(default_preset)
 case ${1:-} in
 release | development | sanitizers | ci)

@@ -8,13 +8,14 @@
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev libgl-dev libreadstat-dev"
     [wayland]="qt6-wayland"
+    [test]="xvfb openbox"
     [format]="clang-format-14"
     [lint]="clang-tidy-14 shellcheck"
     [fuzz]="clang libclang-rt-dev"
     [bench]="libbenchmark-dev"
     [package]="dpkg-dev file desktop-file-utils appstream lintian"
     [recipes]="postgresql postgresql-client python3-distributed procps"
-    [artwork]="librsvg2-bin fonts-dejavu-core"
+    [artwork]="librsvg2-bin fonts-dejavu-core pngquant"
 )
 
 is_installed() {
