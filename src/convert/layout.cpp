@@ -117,8 +117,10 @@ Layout findLayout(const Table& table, const Options& options)
 QString columnText(const Table& table, bool hasHeader, std::size_t column)
 {
     const QString name = hasHeader ? shortened(table.text(0, column)) : QString();
-    return name.isEmpty() ? tr("column %1").arg(column + 1)
-                          : tr("column %1 (%2)").arg(column + 1).arg(name);
+    // What the exchange made a column is a line of the file.
+    const QString place = table.isExchanged() ? tr("line %1").arg(table.place(0, column).line)
+                                              : tr("column %1").arg(column + 1);
+    return name.isEmpty() ? place : tr("%1 (%2)").arg(place, name);
 }
 
 QString placeText(const Table& table, bool hasHeader, std::size_t row, std::size_t column)

@@ -16,7 +16,7 @@ QString nameOfColumn(const Conversion& conversion, std::size_t index)
 {
     if (index < conversion.names().size())
         return conversion.names().text(index);
-    return tr("column %1").arg(conversion.layout().kept[index] + 1);
+    return columnText(conversion.table(), false, conversion.layout().kept[index]);
 }
 
 void tellRecognised(QStringList& lines, const Conversion& conversion)
@@ -69,7 +69,8 @@ void tellLeftOut(QStringList& lines, const Conversion& conversion)
             leftOut.push_back(column);
     }
     if (layout.hasRowNames)
-        lines << tr("Left out: column 1, names or numbers of the rows");
+        lines << tr("Left out: %1, names or numbers of the rows")
+                     .arg(columnText(conversion.table(), false, 0));
     if (!leftOut.empty())
         lines << tr("Left out: columns by place, %1").arg(placesText(leftOut));
     const Reading& reading = conversion.reading();
@@ -82,8 +83,9 @@ void tellLeftOut(QStringList& lines, const Conversion& conversion)
 void tellNames(QStringList& lines, const Conversion& conversion)
 {
     for (const auto& change : conversion.names().changes())
-        lines << tr("Name of column %1: \"%2\" became \"%3\"")
-                     .arg(QString::number(change.place), change.from, change.to);
+        lines << tr("Name in %1: \"%2\" became \"%3\"")
+                     .arg(columnText(conversion.table(), false, change.place - 1), change.from,
+                          change.to);
 }
 
 void tellCases(QStringList& lines, const Conversion& conversion)
