@@ -30,7 +30,9 @@ public:
     {
         if (field.empty())
             return {Missing, {}};
-        const Number number = parseNumber(field, m_signs);
+        Number number;
+        if (!parseCommonNumber(field, m_signs, number))
+            number = parseNumber(field, m_signs);
         if (number.kind == Number::Value && (m_numbers.empty() || !isCode(number.value)))
             return {Value, number};
         return {number.kind == Number::Value || isCode(field) ? Missing : Fault, number};

@@ -17,11 +17,6 @@ namespace convert {
 
 namespace {
 
-/// Powers of ten that are doubles without rounding: an integer of up to 2^53 divided by one of them
-/// is rounded once and therefore correctly.
-constexpr std::array<double, 23> exactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                     1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                     1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::uint64_t largestExactMantissa = std::uint64_t(1) << 53;
 
 /// Numbers with their first digit beyond these places are beyond double, and an exponent counts

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -32,6 +35,46 @@ struct Number
 /// value is the one that the readers make of plainDecimal(); what they would refuse is TooLarge or,
 /// where it is not 0 but would be read so, TooSmall.
 Number parseNumber(std::string_view field, DecimalSigns signs);
+
+/// Powers of ten that are doubles without rounding: an integer of up to 2^53 divided by one of them
+/// is rounded once and therefore correctly.
+inline constexpr std::array<double, 23> exactPowersOfTen = {
+    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// parseNumber() for what nearly all fields of a file are: at most 15 digits without an exponent.
+/// False for any other.
+inline bool parseCommonNumber(std::string_view field, DecimalSigns signs, Number& number)
+{
+    constexpr std::size_t mostDigits = 15;
+    const char* p = field.data();
+    const char* const end = p + field.size();
+    const bool negative = p != end && *p == '-';
+    p += negative;
+    const char* const first = p;
+    std::int64_t digits = 0;
+    const auto takeDigits = [&] {
+        const char* const begin = p;
+        for (; p != end && static_cast<unsigned char>(*p - '0') < 10; ++p)
+            digits = digits * 10 + (*p - '0');
+        return static_cast<std::size_t>(p - begin);
+    };
+    if (field.size() > mostDigits)
+        return false;
+    const std::size_t whole = takeDigits();
+    std::size_t fraction = 0;
+    char sign = 0;
+    if (p != end && ((*p == '.' && signs.point) || (*p == ',' && signs.comma))) {
+        sign = *p++;
+        fraction = takeDigits();
+    }
+    if (p != end || whole + fraction == 0)
+        return false;
+    const double value = static_cast<double>(digits) / exactPowersOfTen[fraction];
+    const bool mayGroup = sign != 0 && fraction == 3 && whole >= 1 && whole <= 3 && *first != '0';
+    number = {Number::Value, sign, mayGroup, negative ? -value : value};
+    return true;
+}
 
 /// Appends a number with its digits as they stand, a point for its decimal sign, and its exponent
 /// written out.

@@ -5,6 +5,7 @@
 
 #include <QTest>
 
+#include <cmath>
 #include <string>
 
 using convert::Number;
@@ -57,6 +58,13 @@ void TestConvertNumber::numbersAreWrittenPlain()
     QCOMPARE(number.kind, Number::Value);
     QCOMPARE(number.mayGroup, mayGroup);
     QCOMPARE(number.value, field.replace(',', '.').toDouble());
+    Number common;
+    if (convert::parseCommonNumber(text, {true, true}, common)) {
+        QCOMPARE(common.value, number.value);
+        QCOMPARE(std::signbit(common.value), std::signbit(number.value));
+        QCOMPARE(common.sign, number.sign);
+        QCOMPARE(common.mayGroup, number.mayGroup);
+    }
     std::string written;
     convert::appendPlainDecimal(written, text);
     QCOMPARE(QByteArray::fromStdString(written), plain);
@@ -82,7 +90,9 @@ void TestConvertNumber::othersAreRefused()
 {
     QFETCH(QByteArray, field);
     QFETCH(int, kind);
+    Number common;
     QCOMPARE(int(convert::parseNumber(field.toStdString(), {true, true}).kind), kind);
+    QVERIFY(!convert::parseCommonNumber(field.toStdString(), {true, true}, common));
 }
 
 QTEST_GUILESS_MAIN(TestConvertNumber)
