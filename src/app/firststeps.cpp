@@ -44,7 +44,8 @@ QLabel* makeFirstSteps(QWidget* parent, const QAction& readData, const QAction& 
                        "A line of data holds plain decimal numbers between blanks or tabs, for "
                        "instance\n\n62.5   171   34\n\n"
                        "A line such as \"vname 1 Weight\" names the first variable; any other line "
-                       "is set aside.\n\n%3\n"
+                       "is set aside. Pelmora Convert makes such files from tables of "
+                       "spreadsheets, R and SPSS.\n\n%3\n"
                        "The guide (Help, Online help) begins with them.")
             .arg(keysOf(readData), keysOf(readCorrelations), whereSamplesAre());
     auto* label = new QLabel(text, parent);
