@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 #
-# What the commands need from Debian 12 or Ubuntu 24.04, and how it gets there.
+# What the commands need from Debian 12 or 13 or Ubuntu 24.04, and how it gets there.
 
 # The formatter's version is pinned: each formats a little differently.
 declare -A packages=(
@@ -15,6 +15,7 @@ declare -A packages=(
     [bench]="libbenchmark-dev"
     [package]="dpkg-dev file desktop-file-utils appstream lintian"
     [recipes]="postgresql postgresql-client python3-distributed procps"
+    [fresh]="mmdebstrap"
     [artwork]="librsvg2-bin fonts-dejavu-core pngquant"
 )
 
