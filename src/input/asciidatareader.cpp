@@ -28,6 +28,8 @@ bool AsciiDataReader::checkConsistency()
 
 bool AsciiDataReader::getData(AsciiData& data)
 try {
+    if (numbers()->areTaken() && !convertAgain())
+        return false;
     pelmora::NumberLines& lines = *numbers();
     const bool sameSize = lineCount() == data.rows() && columnCount() == data.cols();
     const bool complete = sameSize && lines.isComplete();

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <climits>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -159,6 +160,18 @@ std::unique_ptr<AsciiReader> AsciiReader::readAgain() const
     if (openForReading(file))
         reader->readText(file);
     return reader;
+}
+
+bool AsciiReader::convertAgain()
+{
+    QFile file(m_fileName);
+    if (!openForReading(file))
+        return false;
+    m_numbers = std::make_unique<pelmora::NumberLines>();
+    const QStringList nameLines = std::exchange(m_nameLines, {});
+    const bool read = readNumbers(file);
+    m_nameLines = nameLines;
+    return read;
 }
 
 int AsciiReader::classifyLine(const QString& line) const

@@ -63,6 +63,9 @@ protected:
 
     /// The numbers of the data lines; null where their text is kept.
     pelmora::NumberLines* numbers() const;
+    /// Converts the file's data lines once more, for numbers that have been handed over. False when
+    /// the file cannot be read any more.
+    bool convertAgain();
     /// Replaces the text of the data lines.
     void setDataLines(const QStringList& lines);
 

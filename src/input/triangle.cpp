@@ -34,7 +34,8 @@ QStringList withLowerDiagonal(const QStringList& lines)
 QStringList mirroredUpper(const QStringList& lines)
 {
     QStringList front(lines.size());
-    for (qsizetype i = 0; i < lines.size(); ++i) {
+    // The last line has nothing but its diagonal to give; what else it holds has no place.
+    for (qsizetype i = 0; i + 1 < lines.size(); ++i) {
         const auto entries = linetext::entries(lines[i]);
         if (i + entries.size() > lines.size())
             return lines;

@@ -80,12 +80,13 @@ double** matrix(int nrl, int nrh, int ncl, int nch)
     const std::size_t rows = lengthOf(nrl, nrh);
     const std::size_t columns = lengthOf(ncl, nch);
     double** m = allocateRowPointers(rows);
-    if (!m)
-        return nullptr;
     double* elements = allocateElements(rows, columns);
-    if (!elements) {
+    if (!elements)
         reportError("allocation failure 2 in matrix()");
-        std::free(m - 1);
+    // Each block that fails has its message, the second one too after the first.
+    if (!m || !elements) {
+        std::free(elements);
+        std::free(m ? m - 1 : nullptr);
         return nullptr;
     }
     setRows(m, rows, elements + 1 - ncl, columns);

@@ -19,6 +19,7 @@ class TestAsciiDataReader : public QObject
 private slots:
     void faults();
     void numbersAndNames();
+    void numbersMayBeTakenTwice();
     void containerOfAnotherSize();
     void randomFilesAgainstThePlainReader();
 };
@@ -64,6 +65,25 @@ void TestAsciiDataReader::numbersAndNames()
     QCOMPARE(std::vector<double>(cells, cells + 6), std::vector<double>({.5, 0, 7, 4, 5, 6}));
     QVERIFY(std::signbit(cells[1]));
     QCOMPARE(data.names().texts(), QStringList({"", "Height", "3"}));
+}
+
+void TestAsciiDataReader::numbersMayBeTakenTwice()
+{
+    const SampleFile file("data.txt", "1 2\n3 4\n5 6 7\nvname 1 A\n"); // the 7 has no place
+    AsciiDataReader reader(file.path(), nullptr);
+    QVERIFY(reader.readFile());
+    for (int time = 0; time < 3; ++time) {
+        AsciiData data;
+        QVERIFY(data.allocate(reader.lineCount(), reader.columnCount()));
+        QVERIFY(reader.getData(data));
+        const double* cells = data.matrix()[0];
+        QCOMPARE(std::vector<double>(cells, cells + 6), std::vector<double>({1, 2, 3, 4, 5, 6}));
+        QCOMPARE(data.names().texts(), QStringList({"A", "2", "3"}));
+        QCOMPARE(reader.nameLines().size(), 1);
+    }
+    AsciiData data;
+    QVERIFY(data.allocate(3, 2) && QFile::remove(file.path()));
+    QVERIFY(!reader.getData(data));
 }
 
 void TestAsciiDataReader::containerOfAnotherSize()

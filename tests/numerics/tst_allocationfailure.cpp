@@ -19,6 +19,7 @@ const std::vector<std::string> messages{"allocation failure in dvector()",
 
 /// Counts down to the allocation that fails; negative: none does.
 int allocationsBeforeFailure = -1;
+bool allFurtherOnesFail = false;
 
 template <typename Work>
 auto failingAfter(int successes, Work work)
@@ -54,7 +55,7 @@ extern "C" void* __real_malloc(std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size)
 {
     const bool fails = allocationsBeforeFailure == 0;
-    if (allocationsBeforeFailure >= 0)
+    if (allocationsBeforeFailure > 0 || (fails && !allFurtherOnesFail))
         --allocationsBeforeFailure;
     return fails ? nullptr : __real_malloc(size);
 }
@@ -78,6 +79,12 @@ void TestAllocationFailure::everyBlockHasItsMessage()
     QCOMPARE(failingAfter(0, [] { return Matrix(2, 2); }).rows(), 0);
     QCOMPARE(failingAfter(1, [] { return Matrix(2, 2); }).rows(), 0);
     QCOMPARE(Reports::texts, messages);
+
+    Reports::texts.clear();
+    allFurtherOnesFail = true;
+    const auto end = qScopeGuard([] { allFurtherOnesFail = false; });
+    QCOMPARE(failingAfter(0, [] { return Matrix(2, 2); }).rows(), 0);
+    QCOMPARE(Reports::texts, std::vector(messages.begin() + 1, messages.end()));
 }
 
 void TestAllocationFailure::correlateReturnsNullAndLeavesTheData()

@@ -208,6 +208,7 @@ Matrix NumberLines::takeMatrix()
     static_cast<void>(m_block.release());
     m_capacity = 0;
     m_size = 0;
+    m_taken = true;
     return Matrix::adopt(pointers, rows, columns);
 }
 

@@ -60,6 +60,9 @@ public:
     /// any.
     bool isComplete() const;
 
+    /// Whether takeMatrix() has handed the numbers over.
+    bool areTaken() const { return m_taken; }
+
     /// Hands the numbers over as a matrix; null while they are not complete, or without memory for
     /// its row pointers (reported).
     Matrix takeMatrix();
@@ -102,6 +105,7 @@ private:
     std::size_t m_lines = 0;
     std::size_t m_columns = 0;
     bool m_columnsKnown = false;
+    bool m_taken = false;
     bool m_interrupted = false; ///< a number is missing: on from there none is kept
     LineFault m_fault;
 };
