@@ -2,13 +2,16 @@
 // SPDX-License-Identifier: MIT
 
 #include "apptest.h"
+#include "input/readerreport.h"
 #include "support/fullfiles.h"
 
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QTextDocumentFragment>
 
 #include <clocale>
 
@@ -47,6 +50,8 @@ private slots:
     void everyExportAsksBeforeItReplacesItsInput();
     void aSessionMayEndUnderItsOwnDialog_data();
     void aSessionMayEndUnderItsOwnDialog();
+    void aSessionMayEndUnderItsDialogOfNames();
+    void textsOfFilesAreNoMarkup();
     void everyDialogMayBeEscaped();
     void nonsenseInEverySetting();
     void aCommaLocaleChangesNoNumber();
@@ -260,6 +265,62 @@ void TestFaults::aSessionMayEndUnderItsOwnDialog()
     }
     m_dialogs.onBox({}, {});
     QCOMPARE(m_dialogs.takeRecord().filter("unanswered"), QStringList());
+}
+
+void TestFaults::aSessionMayEndUnderItsDialogOfNames()
+{
+    const SampleFile file("data.txt", fourCases);
+    for (const int page : {0, 1}) {
+        openSession(file.path());
+        pages()->setCurrentIndex(page);
+        auto* button = find<QPushButton>("pushButtonEditNames");
+        m_dialogs.onDialog([&](QDialog* dialog) {
+            emit sessions()->tabCloseRequested(0);
+            dialog->accept();
+        });
+        button->click();
+        QCOMPARE(sessions()->count(), 0);
+    }
+}
+
+void TestFaults::textsOfFilesAreNoMarkup()
+{
+    const auto isPlain = [](QMessageBox* box, const QString& text) {
+        int shown = 0;
+        for (const auto* label : box->findChildren<QLabel*>())
+            if (label->text().contains(text)) {
+                ++shown;
+                if (label->textFormat() != Qt::PlainText)
+                    return false;
+            }
+        return shown > 0;
+    };
+    const QString name = QStringLiteral("<b>bold</b>.txt");
+    bool plain = false;
+    const auto look = [&](QMessageBox* box) {
+        plain = isPlain(box, "<b>bold</b>");
+        box->accept();
+    };
+    m_dialogs.onBox("Reading", look);
+    reportReaderMessage({ReaderMessage::Severity::Information, "Reading", name});
+    QVERIFY(plain);
+
+    const SampleFile file("data.txt", fourCases);
+    read("actionDataASCII", file.path());
+    pages()->setCurrentIndex(0);
+    plain = false;
+    m_dialogs.onBox("Error opening file", look);
+    m_dialogs.chooseFile("/nowhere/" + name);
+    find<QPushButton>("pushButtonSave")->click();
+    QVERIFY(plain);
+    m_dialogs.onBox({}, {});
+
+    const QString marked = file.folder() + u'/' + QString(name).remove(u'/');
+    QVERIFY(QFile::copy(file.path(), marked));
+    read("actionDataASCII", marked);
+    const QString tip = sessions()->tabToolTip(1);
+    QVERIFY(Qt::mightBeRichText(tip));
+    QCOMPARE(QTextDocumentFragment::fromHtml(tip).toPlainText(), marked);
 }
 
 void TestFaults::everyDialogMayBeEscaped()

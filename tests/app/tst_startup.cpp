@@ -3,6 +3,9 @@
 
 #include "app/product.h"
 #include "app/startup.h"
+#include "input/readerreport.h"
+#include "numerics/errorreport.h"
+#include "support/dialogscript.h"
 #include "support/testsettings.h"
 
 #include <QApplication>
@@ -12,11 +15,14 @@
 #include <QTest>
 #include <QTimer>
 
+#include <utility>
+
 class TestStartup : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void whatIsReportedIsShown(); // before anything else is installed
     void welcomeStandsForItsTime();
     void theProgramIsNamed();
 };
@@ -48,6 +54,30 @@ void TestStartup::welcomeStandsForItsTime()
         QVERIFY(hasIcon);
         QVERIFY(!splashLeft);
     }
+}
+
+/// Nothing else than the start says where the reports of the numerics and the readers go.
+void TestStartup::whatIsReportedIsShown()
+{
+    TestSettings settings;
+    settings.set(QStringLiteral("ShowSplash"), false);
+    DialogScript dialogs;
+    // Fires until it does so in the event loop itself, but not while the boxes stand.
+    QTimer report;
+    bool reported = false;
+    connect(&report, &QTimer::timeout, qApp, [&] {
+        report.stop();
+        if (!std::exchange(reported, true)) {
+            pelmora::reportError("allocation failure in dvector()");
+            reportReaderMessage({ReaderMessage::Severity::Warning, "title", "text"});
+        }
+        report.start(0);
+        QCoreApplication::exit();
+    });
+    report.start(0);
+    runProgram(*qApp);
+    QCOMPARE(dialogs.takeRecord(),
+             QStringList({"Error|allocation failure in dvector()", "title|text"}));
 }
 
 void TestStartup::theProgramIsNamed()

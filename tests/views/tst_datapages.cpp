@@ -157,6 +157,9 @@ private slots:
             QCOMPARE(pages.data().first(), "|1|B|" + name);
             QCOMPARE(pages.statistics().last(), name + statisticsAsRead.last().mid(1));
             QCOMPARE(pages.table("tableCorrelations").last(), name + "|0.00|0.50|1.00");
+            emit pages.session->variableNamesChanged({"too", "few"}); // of the other orientation
+            QCOMPARE(pages.table("tableCorrelations").last(), name + "|0.00|0.50|1.00");
+            QCOMPARE(pages.data().first(), "|1|B|" + name);
         }
     }
 

@@ -5,6 +5,7 @@
 #include "views/loadings.h"
 #include "views/widgets.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <cfloat>
@@ -28,7 +29,9 @@ private slots:
                                              "b|0.578125|0.75|0.125", "c|1|0|1", "d|1|-1|0"}));
         QVERIFY(!model.index(1, 1).data(Qt::ToolTipRole).isValid());
         QVERIFY(!model.headerData(1, Qt::Vertical, Qt::ToolTipRole).isValid());
+        const QSignalSpy changed(&model, &QAbstractItemModel::headerDataChanged);
         model.setVariableNames(VariableNames::fromTexts({"x y", "z", "", ""}));
+        QCOMPARE(changed.value(0).mid(1), QVariantList({1, 4}));
         QCOMPARE(shown(&model).value(3), "z|0.578125|0.75|0.125");
     }
 

@@ -8,6 +8,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <cmath>
@@ -56,7 +57,10 @@ private slots:
         QVERIFY(!first.data(Qt::CheckStateRole).isValid());
         QVERIFY(!table.model.headerData(0, Qt::Vertical, Qt::ToolTipRole).isValid());
         table.fill();
+        const QSignalSpy changed(&table.model, &QAbstractItemModel::headerDataChanged);
         table.model.setHeaders({}, {});
+        QCOMPARE(changed.value(0).mid(1), QVariantList({0, 1})); // rows
+        QCOMPARE(changed.value(1).mid(1), QVariantList({0, 2}));
         QCOMPARE(shown(&table.view).value(1), "1|0.12500|-0.12500|-0.00100");
         table.model.clear();
         QCOMPARE(shown(&table.view), QStringList(""));
@@ -79,6 +83,8 @@ private slots:
             return column == 8 ? QString("a header\nof two wide lines") : QString();
         });
 
+        // Else a short word would be no wider than the narrowest column.
+        table.view.horizontalHeader()->setMinimumSectionSize(1);
         const auto widths = [&view = table.view] {
             QList<int> all;
             for (int column = 0; column < columns; ++column)
