@@ -58,7 +58,8 @@ private slots:
     void closedSessionsKeepOnlyTheirPages();
 
 private:
-    QList<QPushButton*> buttons(const QStringList& texts = {"Save", "Image"}) const
+    QList<QPushButton*> buttons(const QStringList& texts = {"Save", "Save transposed…",
+                                                            "Image"}) const
     {
         auto result = sessions()->findChildren<QPushButton*>();
         result.removeIf([&](auto* button) { return !texts.contains(button->text()); });
