@@ -134,7 +134,11 @@ class Large(unittest.TestCase):
         self.write("c.txt", table(4000, 4, 3))
         before = sorted(os.listdir(self.folder))
         command = [sys.executable, LARGE, "correlate", "c.txt", "-o", "out.cor", "--range", "500", "--program", BATCH]
-        program = subprocess.Popen(command, cwd=self.folder, stderr=subprocess.PIPE, text=True)
+        program = subprocess.Popen(
+            command, cwd=self.folder, stderr=subprocess.PIPE, text=True,
+            # Whoever runs the tests in the background has it ignored.
+            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),
+        )
         while program.poll() is None and sorted(os.listdir(self.folder)) == before:
             pass  # its folder shows that it has begun
         program.send_signal(signal.SIGINT)
