@@ -24,21 +24,18 @@ double correlation(const Matrix& r, int j, int k)
 Matrix invert(const Matrix& r, const Decomposition& d)
 {
     const int p = r.rows();
-    Matrix left(p, p);
-    Matrix right(p, p);
+    Matrix root(p, p);
     Matrix q(p, p);
-    if (left.isNull() || right.isNull() || q.isNull())
+    if (root.isNull() || q.isNull())
         return {};
     for (int j = 0; j < p; ++j)
-        for (int i = 0; i < p; ++i) {
-            right[j][i] = d.eigenvectors[j][i] / r[j][j];
-            left[j][i] = right[j][i] / d.eigenvalues[i];
-        }
+        for (int i = 0; i < p; ++i)
+            root[j][i] = d.eigenvectors[j][i] / r[j][j] / std::sqrt(d.eigenvalues[i]);
     for (int j = 0; j < p; ++j)
         for (int k = j; k < p; ++k) {
             double sum = 0.0;
             for (int i = 0; i < p; ++i)
-                sum += left[j][i] * right[k][i];
+                sum += root[j][i] * root[k][i];
             q[j][k] = sum;
         }
     return q;

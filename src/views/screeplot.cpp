@@ -8,6 +8,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 #include <cmath>
@@ -165,6 +167,11 @@ void ScreePlot::paintEvent(QPaintEvent*)
     paintAxes(painter, scale, area);
     paintCurves(painter, scale, area);
     paintLegend(painter, whole);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    }
 }
 
 void ScreePlot::paintAxes(QPainter& painter, const ScreeScale& scale, const QRectF& area) const
