@@ -15,6 +15,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace batch {
@@ -38,9 +39,13 @@ QString nameOfTable(const QStringList& files, const QString& output)
 }
 
 /// What speaks against files and output of a command; empty: nothing.
-QString faultOf(const Arguments& arguments, bool endingFits)
+/// @param endings  that the output may have; none: any
+QString faultOf(const Arguments& arguments, const QStringList& endings)
 {
     const QString output = arguments.option("-o");
+    const bool fits = endings.isEmpty() ||
+                      std::any_of(endings.begin(), endings.end(),
+                                  [&](const QString& ending) { return output.endsWith(ending); });
     if (!arguments.fault.isEmpty())
         return arguments.fault;
     if (arguments.files.isEmpty())
@@ -49,8 +54,8 @@ QString faultOf(const Arguments& arguments, bool endingFits)
         return tr("standard input can be read once only");
     if (output.isEmpty())
         return tr("an output is missing: -o FILE");
-    if (!endingFits)
-        return tr("\"%1\" has an ending that says nothing").arg(output);
+    if (!fits)
+        return tr("\"%1\" does not end in %2").arg(output, endings.join(QStringLiteral(" or ")));
     for (const QString& file : arguments.files)
         if (isSameFile(file, output))
             return tr("the output %1 is an input").arg(output);
@@ -115,15 +120,18 @@ int sums(const QStringList& given)
     takeNumber(arguments, "--lines-before", linesBefore);
     const QString output = arguments.options.value(QStringLiteral("-o"), QStringLiteral("-"));
     arguments.options[QStringLiteral("-o")] = output;
-    QString fault = faultOf(arguments, true);
+    QString fault = faultOf(arguments, {});
     if (fault.isEmpty() && arguments.files.size() > 1)
         fault = tr("one file is enough");
+    const bool isContinued = arguments.options.contains(QStringLiteral("--columns"));
+    if (fault.isEmpty() && linesBefore > 0 && !isContinued)
+        fault = tr("--lines-before needs --columns");
     if (!fault.isEmpty())
         return refuseUsage(QStringLiteral("sums"), fault);
 
     pelmora::RowStream stream(arguments.files.first());
     stream.setRange(from, to);
-    if (arguments.options.contains(QStringLiteral("--columns")))
+    if (isContinued)
         stream.continueBehind(linesBefore, columns);
     Sums sums;
     if (!gatherSums(stream, arguments.files.first(), sums))
@@ -138,7 +146,7 @@ int merge(const QStringList& given)
         return print(tr("Usage: pelmora-batch merge SUMS... -o OUT.cor|OUT.sums\n\n"
                         "Merges files that \"sums\" wrote, in the order given.\n"));
     const QString output = arguments.option("-o");
-    const QString fault = faultOf(arguments, endsInCor(output) || output.endsWith(u".sums"));
+    const QString fault = faultOf(arguments, {QStringLiteral(".cor"), QStringLiteral(".sums")});
     if (!fault.isEmpty())
         return refuseUsage(QStringLiteral("merge"), fault);
     Sums sums;
@@ -157,7 +165,7 @@ int correlate(const QStringList& given)
                         "Correlates the columns of files that make one table, in one pass and in\n"
                         "little memory. \"-\" is standard input.\n"));
     const QString output = arguments.option("-o");
-    const QString fault = faultOf(arguments, endsInCor(output));
+    const QString fault = faultOf(arguments, {QStringLiteral(".cor")});
     if (!fault.isEmpty())
         return refuseUsage(QStringLiteral("correlate"), fault);
     Sums total;

@@ -144,7 +144,7 @@ void TestOnePass::refuses_data()
     add("output is input", "1 2\n3 5\n", {"sums", "in.txt", "-o", "in.txt"}, 2,
         "pelmora-batch sums: the output in.txt is an input\nTry \"pelmora-batch sums --help\".");
     add("unknown ending", "1 2\n3 5\n", {"correlate", "in.txt", "-o", "out.txt"}, 2,
-        "pelmora-batch correlate: \"out.txt\" has an ending that says nothing\n"
+        "pelmora-batch correlate: \"out.txt\" does not end in .cor\n"
         "Try \"pelmora-batch correlate --help\".");
     add("no number", "1 2\n", {"sums", "in.txt", "--from", "-1"}, 2,
         "pelmora-batch sums: --from cannot be \"-1\"\nTry \"pelmora-batch sums --help\".");
