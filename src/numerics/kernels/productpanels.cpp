@@ -19,12 +19,12 @@ PELMORA_ALWAYS_INLINE void addTile(const double* some, const double* eight, int 
 {
     constexpr int height = laneCount<Lanes>;
     constexpr int vectors = width / laneCount<Lanes>;
-    Lanes tile[height][vectors];
+    Lanes tile[std::size_t{height}][std::size_t{vectors}];
     for (int r = 0; r < height; ++r)
         for (int v = 0; v < vectors; ++v)
             tile[r][v] = lanesAt<Lanes>(sums + r * stride + v * laneCount<Lanes>).values;
     for (int i = 0; i < count; ++i) {
-        Lanes values[vectors];
+        Lanes values[std::size_t{vectors}];
         for (int v = 0; v < vectors; ++v)
             values[v] = lanesAt<Lanes>(eight + i * width + v * laneCount<Lanes>).values;
         for (int r = 0; r < height; ++r)
