@@ -166,9 +166,26 @@ void CorrelationTable::findSides(const Layout& layout)
     for (std::size_t i = 0; i < m_columns.size(); ++i)
         m_rows.push_back(layout.firstCase() + (isPart ? m_columns[i] - firstColumn : i));
     if (layout.hasHeader && named && namesItsRows(m_table, layout))
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
-            m_namesAgree =
-                m_namesAgree && m_table.text(m_rows[i], 0) == m_table.text(0, m_columns[i]);
+        compareNames();
+}
+
+/// A misspelt name is told of; one that stands over another column shows that the rows have
+/// another order than the columns.
+void CorrelationTable::compareNames()
+{
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        const QString name = m_table.text(m_rows[i], 0);
+        if (name == m_table.text(0, m_columns[i]))
+            continue;
+        m_namesAgree = false;
+        for (const std::size_t column : m_columns)
+            if (name == m_table.text(0, column))
+                throw Refusal(tr("%1: the row %2 stands where that of %3 belongs; rows and columns "
+                                 "must have one order. If the table holds data, say --kind data.")
+                                  .arg(placeText(m_table, false, m_rows[i], 0),
+                                       shownField(m_table, m_rows[i], 0),
+                                       shownField(m_table, 0, m_columns[i])));
+    }
 }
 
 /// A triangle counts as blank when none of its fields has a value.

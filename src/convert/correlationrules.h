@@ -45,6 +45,7 @@ public:
 
 private:
     void findSides(const Layout& layout);
+    void compareNames();
     void findTriangle(const CellRule& rule);
     void checkFields(const CellRule& rule) const;
     std::optional<QString> faultAt(std::size_t i, std::size_t j, const CellRule& rule) const;

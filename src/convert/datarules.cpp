@@ -124,8 +124,8 @@ Decimal findDecimal(const Table& table, const Layout& layout, const ColumnScan& 
         return options.decimal;
     if (scan.points > 0 && scan.commas > 0)
         throw Refusal(
-            QStringList{tr("There are decimal points and decimal commas; name the right sign by "
-                           "--decimal, and the other numbers are told of:"),
+            QStringList{tr("Decimal points and decimal commas stand in one file; the sign that "
+                           "--decimal names is taken, and the other one refused:"),
                         signedField(table, layout, scan.firstPoint),
                         signedField(table, layout, scan.firstComma)});
     if (scan.points + scan.commas > 0 && scan.signsMayGroup)
