@@ -256,7 +256,10 @@ private slots:
         const auto* rows = page.diagram()->verticalHeader();
         const QSize whole(rows->width() + columns->length(), columns->height() + rows->length());
         QCOMPARE(copied / qGuiApp->devicePixelRatio(), whole);
-        QCOMPARE(QImage::fromData(exported(page, "ImageButton"), "PNG").size(), copied);
+        const auto saved = QImage::fromData(exported(page, "ImageButton"), "PNG");
+        QCOMPARE(saved.size(), copied);
+        QCOMPARE(saved.convertToFormat(QImage::Format_RGB32),
+                 QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32));
     }
 };
 
