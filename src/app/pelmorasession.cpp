@@ -202,7 +202,7 @@ void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage&
         return;
 
     auto* form = new FactorForm(m_pages, numberOfFactors, this);
-    form->setTitle(factorTitle(page.kind));
+    form->setKind(page.kind);
     form->setUnmoved(page.method != pelmora::NoRotation &&
                      startWith(m_decomposition.initialLoadings, loadings.values));
     form->setUp(loadings, !finder, std::move(factors.scores));

@@ -9,18 +9,22 @@ namespace {
 
 struct KindTexts
 {
-    FactorKind kind;
     const char* title;
     const char* loadingsExtension;
     const char* scoresExtension;
 };
 
+/// In the order of the kinds.
 constexpr KindTexts kinds[] = {
-    {FactorKind::Pelmora, QT_TRANSLATE_NOOP("FactorKind", "Pelmora rotated factors : "), "okt",
-     "fok"},
-    {FactorKind::Varimax, QT_TRANSLATE_NOOP("FactorKind", "Varimax rotated factors : "), "max",
-     "fma"},
-    {FactorKind::Initial, QT_TRANSLATE_NOOP("FactorKind", "Initial factors : "), "ini", "fini"}};
+    {.title = QT_TRANSLATE_NOOP("FactorKind", "Pelmora rotated factors : "),
+     .loadingsExtension = "okt",
+     .scoresExtension = "fok"},
+    {.title = QT_TRANSLATE_NOOP("FactorKind", "Varimax rotated factors : "),
+     .loadingsExtension = "max",
+     .scoresExtension = "fma"},
+    {.title = QT_TRANSLATE_NOOP("FactorKind", "Initial factors : "),
+     .loadingsExtension = "ini",
+     .scoresExtension = "fini"}};
 
 const KindTexts& textsOf(FactorKind kind)
 {
@@ -30,19 +34,6 @@ const KindTexts& textsOf(FactorKind kind)
 } // namespace
 
 QString factorTitle(FactorKind kind)
-{
-    return QLatin1String(textsOf(kind).title);
-}
-
-std::optional<FactorKind> kindOfTitle(const QString& title)
-{
-    for (const KindTexts& texts : kinds)
-        if (title == QLatin1String(texts.title))
-            return texts.kind;
-    return std::nullopt;
-}
-
-QString translatedTitle(FactorKind kind)
 {
     return QCoreApplication::translate("FactorKind", textsOf(kind).title);
 }

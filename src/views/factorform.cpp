@@ -33,9 +33,6 @@
 
 namespace {
 
-/// A name may be very long; the header must leave room for the circles.
-constexpr int widestNameInCharacters = 40;
-
 void writePng(std::ostream& out, const QImage& image)
 {
     QByteArray bytes;
@@ -61,8 +58,8 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
     m_ui->labelUnmoved->hide();
     m_ui->scoresTable->setModel(m_scoresModel);
     m_ui->tableFactors->setVerticalHeader(new NameHeader(Qt::Vertical, m_ui->tableFactors));
-    m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestNameInCharacters *
-                                                          fontMetrics().averageCharWidth());
+    // The header leaves room for the circles.
+    m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestName(this));
     addDiagramActions();
     installTableCopy(m_ui->scoresTable);
     adjustDiagramView(m_ui->tableFactors);
@@ -116,12 +113,16 @@ void FactorForm::showScores()
     fitColumnWidths(m_ui->scoresTable, *m_scoresModel);
 }
 
+void FactorForm::setKind(FactorKind kind)
+{
+    m_kind = kind;
+    setTitle(factorTitle(kind));
+}
+
 void FactorForm::setTitle(const QString& title)
 {
-    const std::optional<FactorKind> kind = kindOfTitle(title);
-    m_kind = kind.value_or(FactorKind::Initial);
     m_ui->labelFactors->setFont(QFont(QStringLiteral("Helvetica [Cronyx]"), 12, QFont::Bold));
-    m_ui->labelFactors->setText(kind ? translatedTitle(*kind) : title);
+    m_ui->labelFactors->setText(title);
 }
 
 void FactorForm::setUnmoved(bool unmoved)

@@ -35,8 +35,8 @@ public:
     /// removed). To be called once.
     void setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs, pelmora::Matrix scores);
 
-    /// One of the three titles of factorkind.h, untranslated; it decides the page's file
-    /// extensions.
+    /// Gives the page the title and the file extensions of @p kind.
+    void setKind(FactorKind kind);
     void setTitle(const QString& title);
     /// Tells whether a rotation has changed nothing, since three equal pages look like a fault.
     void setUnmoved(bool unmoved);

@@ -33,7 +33,7 @@ struct Page : FactorForm
     explicit Page(SessionFace* session, bool leaveOutMinimalPairs = false, bool withScores = true)
         : FactorForm(nullptr, 2, session)
     {
-        setTitle("Varimax rotated factors : ");
+        setKind(FactorKind::Varimax);
         setUp(loadingsOf({{0.9, 0.1}, {0.5, -0.125}, {-0.25, 1.0}}, {"one", "two", "\u00e4"}),
               leaveOutMinimalPairs,
               withScores ? matrixOf({{0.5, -10.125}, {-0.001, INFINITY}}) : pelmora::Matrix());
@@ -172,9 +172,17 @@ private slots:
         const QString text = "Please select folder and filename to save values|%1_2.%2|*.%2";
         const QString image = "Save As|%1_2_%2.png|PNG Files (*.png);;All Files (*)";
         const QString stem = session->outputStem();
-        const char* const titlesAndExtensions[][3] = {{"Pelmora rotated factors : ", "okt", "fok"},
-                                                      {"Varimax rotated factors : ", "max", "fma"},
-                                                      {"Initial factors : ", "ini", "fini"}};
+        struct Expected
+        {
+            FactorKind kind;
+            const char* title;
+            const char* loadings;
+            const char* scores;
+        };
+        const Expected expected[] = {
+            {FactorKind::Pelmora, "Pelmora rotated factors : ", "okt", "fok"},
+            {FactorKind::Varimax, "Varimax rotated factors : ", "max", "fma"},
+            {FactorKind::Initial, "Initial factors : ", "ini", "fini"}};
         const auto record = [&] {
             for (const char* button : exportButtons) {
                 m_dialogs.cancelFile();
@@ -182,8 +190,9 @@ private slots:
             }
             return m_dialogs.takeRecord();
         };
-        for (const auto& [title, loadings, scores] : titlesAndExtensions) {
-            page.setTitle(title);
+        for (const auto& [kind, title, loadings, scores] : expected) {
+            page.setKind(kind);
+            QCOMPARE(page.findChild<QLabel*>("labelFactors")->text(), title);
             QCOMPARE(record(), QStringList({text.arg(stem, loadings), text.arg(stem, scores),
                                             image.arg(stem, loadings)}));
         }
