@@ -36,19 +36,19 @@ struct MainWindow::InputKind
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
-    , m_form(std::make_unique<Ui::MainWindow>())
+    , m_ui(std::make_unique<Ui::MainWindow>())
 {
-    m_form->setupUi(this);
+    m_ui->setupUi(this);
     setAcceptDrops(true);
-    m_form->mainTabWidget->setShownWhileEmpty(
-        makeFirstSteps(m_form->mainTabWidget, *m_form->actionDataASCII, *m_form->actionCorrASCII));
+    m_ui->mainTabWidget->setShownWhileEmpty(
+        makeFirstSteps(m_ui->mainTabWidget, *m_ui->actionDataASCII, *m_ui->actionCorrASCII));
     auto* close = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this);
     connect(close, &QShortcut::activated, this, [this] {
-        if (m_form->mainTabWidget->count() > 0)
-            emit m_form->mainTabWidget->tabCloseRequested(m_form->mainTabWidget->currentIndex());
+        if (m_ui->mainTabWidget->count() > 0)
+            emit m_ui->mainTabWidget->tabCloseRequested(m_ui->mainTabWidget->currentIndex());
     });
-    m_form->actionShow_splash->setChecked(settings::showSplash());
-    m_form->actionOpen_explorer_when_closing->setChecked(settings::openFolderAfterClosing());
+    m_ui->actionShow_splash->setChecked(settings::showSplash());
+    m_ui->actionOpen_explorer_when_closing->setChecked(settings::openFolderAfterClosing());
 }
 
 // The sessions are children of the window and go after its pages; each then opens its folder.
@@ -56,16 +56,22 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::on_actionDataASCII_triggered()
 {
-    read({settings::lastDataLocation, settings::setLastDataLocation,
-          tr("Open data file in ASCII format"), &PelmoraSession::loadDataMatrix,
-          tr("Read data matrix, %1 rows and %2 cols"), true});
+    read({.lastLocation = settings::lastDataLocation,
+          .setLastLocation = settings::setLastDataLocation,
+          .caption = tr("Open data file in ASCII format"),
+          .load = &PelmoraSession::loadDataMatrix,
+          .statusText = tr("Read data matrix, %1 rows and %2 cols"),
+          .hasRawData = true});
 }
 
 void MainWindow::on_actionCorrASCII_triggered()
 {
-    read({settings::lastCorrelationLocation, settings::setLastCorrelationLocation,
-          tr("Open correlations file in ASCII format"), &PelmoraSession::loadCorrelationMatrix,
-          tr("Read correlation matrix, %1 rows and %2 cols"), false});
+    read({.lastLocation = settings::lastCorrelationLocation,
+          .setLastLocation = settings::setLastCorrelationLocation,
+          .caption = tr("Open correlations file in ASCII format"),
+          .load = &PelmoraSession::loadCorrelationMatrix,
+          .statusText = tr("Read correlation matrix, %1 rows and %2 cols"),
+          .hasRawData = false});
 }
 
 void MainWindow::read(const InputKind& kind)
@@ -83,17 +89,17 @@ void MainWindow::read(const InputKind& kind)
     const LongWork work(this, path);
     auto* session = new PelmoraSession(this);
     m_sessions.append(session);
-    const QString message = m_form->statusBar->currentMessage();
+    const QString message = m_ui->statusBar->currentMessage();
     if (!(session->*kind.load)(path)) {
         if (LongWork::isCancelled()) {
             takeBack(session, message);
         } else {
-            m_form->statusBar->clearMessage();
+            m_ui->statusBar->clearMessage();
             discardSession(session);
         }
         return;
     }
-    m_form->statusBar->showMessage(
+    m_ui->statusBar->showMessage(
         kind.statusText.arg(session->rowCount()).arg(session->columnCount()));
     addSessionTab(session);
 
@@ -112,11 +118,11 @@ void MainWindow::read(const InputKind& kind)
 void MainWindow::takeBack(PelmoraSession* session, const QString& statusMessage)
 {
     // Null when it has not come as far as to a tab.
-    const QWidget* pages = m_form->mainTabWidget->widget(int(m_sessions.indexOf(session)));
+    const QWidget* pages = m_ui->mainTabWidget->widget(int(m_sessions.indexOf(session)));
     session->leaveFolderClosed();
     discardSession(session);
     delete pages;
-    m_form->statusBar->showMessage(statusMessage);
+    m_ui->statusBar->showMessage(statusMessage);
 }
 
 void MainWindow::discardSession(PelmoraSession* session)
@@ -128,15 +134,14 @@ void MainWindow::discardSession(PelmoraSession* session)
 
 void MainWindow::addSessionTab(PelmoraSession* session)
 {
-    auto* pages = new SessionTabWidget(m_form->mainTabWidget);
+    auto* pages = new SessionTabWidget(m_ui->mainTabWidget);
     session->attachTabWidget(pages);
     // A single & in a tab's text would mark a shortcut letter and vanish from the path.
     QString title = session->inputFile();
-    const int index =
-        m_form->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
-    m_form->mainTabWidget->setTabToolTip(index, plainToolTip(session->inputFile()));
+    const int index = m_ui->mainTabWidget->addTab(pages, title.replace(u'&', QStringLiteral("&&")));
+    m_ui->mainTabWidget->setTabToolTip(index, plainToolTip(session->inputFile()));
     connect(session, &PelmoraSession::pagesAdded, this, [this](const QStringList& titles) {
-        m_form->statusBar->showMessage(titles.join(QStringLiteral(", ")));
+        m_ui->statusBar->showMessage(titles.join(QStringLiteral(", ")));
     });
 }
 
@@ -147,7 +152,7 @@ void MainWindow::on_mainTabWidget_tabCloseRequested(int index)
     delete m_sessions.value(index);
     if (0 <= index && index < m_sessions.size())
         m_sessions.removeAt(index);
-    m_form->mainTabWidget->removeTab(index);
+    m_ui->mainTabWidget->removeTab(index);
 }
 
 void MainWindow::on_actionPrecision_triggered()

@@ -48,7 +48,7 @@ private:
     void addSessionTab(PelmoraSession* session);
     void takeBack(PelmoraSession* session, const QString& statusMessage);
 
-    std::unique_ptr<Ui::MainWindow> m_form;
+    std::unique_ptr<Ui::MainWindow> m_ui;
     /// Entry i is the session shown in tab i.
     QList<PelmoraSession*> m_sessions;
 };

@@ -20,14 +20,14 @@
 
 PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
     : QWidget(tabWidget)
-    , m_form(std::make_unique<Ui::PCAForm>())
+    , m_ui(std::make_unique<Ui::PCAForm>())
     , m_session(session)
     , m_names(session->names())
     , m_eigenvalueModel(new NumberTableModel(this))
     , m_eigenvectorModel(new NumberTableModel(this))
     , m_loadingModel(new NumberTableModel(this))
 {
-    m_form->setupUi(this);
+    m_ui->setupUi(this);
     const auto factorTitle = [](int factor) { return tr("Factor F%1").arg(factor + 1); };
     const auto variableName = [this](int variable) {
         return m_names.text(static_cast<std::size_t>(variable));
@@ -41,13 +41,13 @@ PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
     m_eigenvectorModel->setHeaders(variableName, factorTitle);
     m_loadingModel->setHeaders(variableName, factorTitle);
 
-    m_form->tableWidgetEigenwerte->setModel(m_eigenvalueModel);
-    m_form->tableWidgetEigenvektoren->setModel(m_eigenvectorModel);
-    m_form->tableWidgetFaktorladungen->setModel(m_loadingModel);
+    m_ui->tableWidgetEigenwerte->setModel(m_eigenvalueModel);
+    m_ui->tableWidgetEigenvektoren->setModel(m_eigenvectorModel);
+    m_ui->tableWidgetFaktorladungen->setModel(m_loadingModel);
     for (QTableView* table : findChildren<QTableView*>())
         installTableCopy(table);
-    installNameHeaders(m_form->tableWidgetEigenvektoren);
-    installNameHeaders(m_form->tableWidgetFaktorladungen);
+    installNameHeaders(m_ui->tableWidgetEigenvektoren);
+    installNameHeaders(m_ui->tableWidgetFaktorladungen);
 
     connect(session, &SessionFace::variableNamesChanged, this, &PCAForm::on_variableNamesChanged);
     connect(session, &QObject::destroyed, this, &PCAForm::releaseSessionData);
@@ -70,8 +70,8 @@ void PCAForm::fillEigenvalues(const pelmora::Vector& eigenvalues)
     pelmora::explained_variance(eigenvalues.data(), n, m_varianceTable[1], m_varianceTable[2]);
 
     m_eigenvalueModel->fill(m_varianceTable.rowPointers(), 3, n);
-    fitColumnWidths(m_form->tableWidgetEigenwerte, *m_eigenvalueModel);
-    m_form->tableWidgetEigenwerte->resizeRowsToContents();
+    fitColumnWidths(m_ui->tableWidgetEigenwerte, *m_eigenvalueModel);
+    m_ui->tableWidgetEigenwerte->resizeRowsToContents();
     presetNumberOfFactors(eigenvalues);
 }
 
@@ -79,8 +79,8 @@ void PCAForm::presetNumberOfFactors(const pelmora::Vector& eigenvalues)
 {
     // The maximum first: a value above it would be cut. With a single variable it pulls the minimum
     // down with it.
-    m_form->spinBoxNumberOfFactors->setMaximum(eigenvalues.size());
-    m_form->spinBoxNumberOfFactors->setValue(static_cast<int>(std::count_if(
+    m_ui->spinBoxNumberOfFactors->setMaximum(eigenvalues.size());
+    m_ui->spinBoxNumberOfFactors->setValue(static_cast<int>(std::count_if(
         eigenvalues.begin(), eigenvalues.end(), [](double value) { return value >= 1.0; })));
 }
 
@@ -88,13 +88,13 @@ void PCAForm::fillEigenvectors(const pelmora::Matrix& eigenvectors)
 {
     m_eigenvectorModel->fill(eigenvectors.rowPointers(), eigenvectors.rows(),
                              eigenvectors.columns());
-    fitColumnWidths(m_form->tableWidgetEigenvektoren, *m_eigenvectorModel);
+    fitColumnWidths(m_ui->tableWidgetEigenvektoren, *m_eigenvectorModel);
 }
 
 void PCAForm::fillInitialLoadings(const pelmora::Matrix& loadings)
 {
     m_loadingModel->fill(loadings.rowPointers(), loadings.rows(), loadings.columns());
-    fitColumnWidths(m_form->tableWidgetFaktorladungen, *m_loadingModel);
+    fitColumnWidths(m_ui->tableWidgetFaktorladungen, *m_loadingModel);
 }
 
 void PCAForm::releaseSessionData()
@@ -114,13 +114,13 @@ void PCAForm::on_variableNamesChanged(QVector<QString> const& names)
 
 void PCAForm::on_processButton_clicked()
 {
-    const int numberOfFactors = m_form->spinBoxNumberOfFactors->value();
+    const int numberOfFactors = m_ui->spinBoxNumberOfFactors->value();
     unsigned kinds = 0;
-    if (m_form->checkBoxPelmora->isChecked())
+    if (m_ui->checkBoxPelmora->isChecked())
         kinds |= PelmoraSession::PelmoraBit;
-    if (m_form->checkBoxVarimax->isChecked())
+    if (m_ui->checkBoxVarimax->isChecked())
         kinds |= PelmoraSession::VarimaxBit;
-    if (m_form->checkBoxUnrotated->isChecked())
+    if (m_ui->checkBoxUnrotated->isChecked())
         kinds |= PelmoraSession::UnrotatedBit;
     if (kinds == 0) {
         QMessageBox::information(this, tr("Error"),

@@ -51,7 +51,7 @@ private:
     void presetNumberOfFactors(const pelmora::Vector& eigenvalues);
     void releaseSessionData();
 
-    std::unique_ptr<Ui::PCAForm> m_form;
+    std::unique_ptr<Ui::PCAForm> m_ui;
     QPointer<PelmoraSession> m_session;
     VariableNames m_names;
     pelmora::Matrix m_varianceTable;

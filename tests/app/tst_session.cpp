@@ -140,10 +140,12 @@ void TestSession::scoresHaveUnitVariance()
         QCOMPARE(coefficients.columns(), 3);
         for (int j = 0; j < 3; ++j) {
             for (int k = 0; k <= j; ++k)
-                QVERIFY(std::abs(meanProduct(scores, j, scores, k) - (j == k ? 1.0 : 0.0)) < 1e-9);
+                QCOMPARE(difference(meanProduct(scores, j, scores, k), j == k ? 1.0 : 0.0, 1e-9),
+                         QString());
             // A loading is the correlation of variable and factor.
             for (int v = 0; v < loadings.rows(); ++v)
-                QVERIFY(std::abs(meanProduct(scores, j, standardised, v) - loadings[v][j]) < 1e-9);
+                QCOMPARE(difference(meanProduct(scores, j, standardised, v), loadings[v][j], 1e-9),
+                         QString());
         }
     }
 }
