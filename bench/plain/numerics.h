@@ -20,4 +20,7 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
 double rotation_sweep(double** l, double** b, int m, int p, int method);
 void rotate(double** l, double** b, int m, int p, int method);
 
+/// The bound on the plain sweeps of rotate().
+long mostSweeps(int m, int p);
+
 } // namespace pelmora::plain

@@ -3,13 +3,15 @@
 
 #include "plain/numerics.h"
 
-#include "numerics/kernels/rotationdriver.h"
 #include "numerics/owners.h"
 #include "numerics/rotation.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace pelmora::plain {
 
@@ -57,7 +59,6 @@ void copyBack(const double* const* work, double** l, int j, int k, int p)
     }
 }
 
-/// Shares nothing but the course of the sweeps with the fast form.
 struct Sweeps
 {
     double** l;
@@ -94,7 +95,7 @@ struct Sweeps
         return plain::column_criterion(work, 0, p) + plain::column_criterion(work, 1, p);
     }
 
-    void turnInto(int j, int k, double angle)
+    void rotateBoth(int j, int k, double angle)
     {
         rotateInto(workL.rowPointers(), l, j, k, p, angle);
         rotateInto(workB.rowPointers(), b, j, k, p, angle);
@@ -106,33 +107,33 @@ struct Sweeps
         copyBack(workB.rowPointers(), b, j, k, p);
     }
 
-    bool turnByMethod(int j, int k, double angle1, double angle2)
+    bool rotateByMethod(int j, int k, double angle1, double angle2)
     {
         if (staysPut(l, j, k, p, angle1))
             return false;
-        turnInto(j, k, angle1);
+        rotateBoth(j, k, angle1);
         if (isBetter(currentCriterion(j, k), trialCriterion())) {
             if (staysPut(l, j, k, p, angle2))
                 return false;
-            turnInto(j, k, angle2);
+            rotateBoth(j, k, angle2);
         }
         return true;
     }
 
-    bool turnToNearest(int j, int k, double angle1)
+    bool rotateToNearest(int j, int k, double angle1)
     {
         if (staysPut(l, j, k, p, angle1))
             return false;
-        turnInto(j, k, angle1);
+        rotateBoth(j, k, angle1);
         return true;
     }
 
-    bool turnToImprove(int j, int k, double angle1, double angle2)
+    bool rotateToImprove(int j, int k, double angle1, double angle2)
     {
         for (double angle : {angle1, angle2}) {
             if (staysPut(l, j, k, p, angle))
                 continue;
-            turnInto(j, k, angle);
+            rotateBoth(j, k, angle);
             if (isBetter(trialCriterion(), currentCriterion(j, k)))
                 return true;
         }
@@ -161,23 +162,54 @@ struct Sweeps
     double methodAwareSweep()
     {
         return sweep([this](int j, int k, double angle1, double angle2) {
-            return turnByMethod(j, k, angle1, angle2);
+            return rotateByMethod(j, k, angle1, angle2);
         });
     }
 
     double plainSweep()
     {
         return sweep(
-            [this](int j, int k, double angle1, double) { return turnToNearest(j, k, angle1); });
+            [this](int j, int k, double angle1, double) { return rotateToNearest(j, k, angle1); });
     }
 
     void improvingSweep()
     {
         sweep([this](int j, int k, double angle1, double angle2) {
-            return turnToImprove(j, k, angle1, angle2);
+            return rotateToImprove(j, k, angle1, angle2);
         });
     }
 };
+
+/// Two states that alternate while their totals differ, in many sweeps on end.
+bool isSwinging(const std::vector<double>& totals)
+{
+    constexpr std::size_t swings = 1000;
+    if (totals.size() < swings + 2)
+        return false;
+    return std::all_of(totals.end() - swings, totals.end(), [](const double& total) {
+        const double before = *(&total - 1);
+        const double beforeThat = *(&total - 2);
+        const double scale = std::max(1.0, std::fabs(total));
+        return std::fabs(total - before) > 1e-9 * scale &&
+               std::fabs(total - beforeThat) <= 1e-13 * scale;
+    });
+}
+
+/// From the better of two successive states to where no pair can be improved any more.
+void improve(Sweeps& sweeps, long most)
+{
+    const double before = sweeps.total();
+    sweeps.plainSweep();
+    if (sweeps.isBetter(before, sweeps.total()))
+        sweeps.plainSweep();
+    double last = 0.0;
+    double total = sweeps.total();
+    do {
+        last = total;
+        sweeps.improvingSweep();
+        total = sweeps.total();
+    } while (--most > 0 && std::fabs(total - last) > 1e-12 * std::max(1.0, std::fabs(total)));
+}
 
 } // namespace
 
@@ -235,7 +267,25 @@ void rotate(double** l, double** b, int m, int p, int method)
     if (m <= 1)
         return;
     Sweeps sweeps{l, b, m, p, method};
-    driveRotation(sweeps, m, p);
+    const double first = sweeps.methodAwareSweep();
+    double last = sweeps.methodAwareSweep();
+    if (std::fabs(last - first) <= 1e-12)
+        return;
+    std::vector<double> totals;
+    for (;;) {
+        totals.push_back(sweeps.plainSweep());
+        if (!(std::fabs(totals.back() - last) > 1e-12))
+            return;
+        if (isSwinging(totals) || long(totals.size()) >= mostSweeps(m, p))
+            return improve(sweeps, mostSweeps(m, p) / 20);
+        last = totals.back();
+    }
+}
+
+long mostSweeps(int m, int p)
+{
+    const double cost = m * (m - 1.0) / 2.0 * (p + 100.0);
+    return long(std::clamp(2e10 / cost, 1e5, 1e6));
 }
 
 } // namespace pelmora::plain

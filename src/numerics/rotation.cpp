@@ -3,43 +3,45 @@
 
 #include "numerics/rotation.h"
 
+#include "numerics/kernels/alignedrows.h"
 #include "numerics/kernels/pairangles.h"
 #include "numerics/kernels/rotationdriver.h"
+#include "numerics/kernels/rotationkernels.h"
 #include "numerics/kernels/rotationsweeps.h"
 #include "numerics/progress.h"
 
 #include <cmath>
-#include <cstdint>
 #include <tuple>
 
 namespace pelmora {
 
+namespace {
+
+/// Columns j and k as the kernels take them.
+AlignedRows twoColumns(const double* const* l, int j, int k, int p)
+{
+    AlignedRows columns(2, p);
+    for (int i = 0; i < p && !columns.isNull(); ++i) {
+        columns[0][i] = l[i][j];
+        columns[1][i] = l[i][k];
+    }
+    return columns;
+}
+
+} // namespace
+
 double column_criterion(const double* const* l, int j, int p)
 {
-    double squares = 0.0;
-    double fourths = 0.0;
-    for (int i = 0; i < p; ++i) {
-        const double square = l[i][j] * l[i][j];
-        squares += square;
-        fourths += square * square;
-    }
-    return fourths / p - squares * squares / double(std::int64_t(p) * p);
+    const AlignedRows columns = twoColumns(l, j, j, p);
+    return columns.isNull() ? std::nan("") : columnCriteria(columns[0], columns[1], p).x;
 }
 
 void pair_angles(const double* const* l, int j, int k, int p, double& angle1, double& angle2)
 {
-    PairSums sums{};
-    for (int i = 0; i < p; ++i) {
-        const double x = l[i][j];
-        const double y = l[i][k];
-        const double u = x * x - y * y;
-        const double w = x * y;
-        sums.A += u;
-        sums.W += w;
-        sums.C += u * w;
-        sums.E += -0.5 * (u * u) + w * (w + w);
-    }
-    std::tie(angle1, angle2) = pairAngles(sums, p);
+    const AlignedRows columns = twoColumns(l, j, k, p);
+    angle1 = angle2 = std::nan("");
+    if (!columns.isNull())
+        std::tie(angle1, angle2) = stationaryAngles(pairSums(columns[0], columns[1], p), p);
 }
 
 double rotation_sweep(double** l, double** b, int m, int p, int method)

@@ -13,14 +13,15 @@ enum RotationMethod : int {
 };
 
 /// Variance of the squared loadings of factor j over p variables (raw Varimax, no row
-/// normalisation): V(j) = sum(l^4) / p - sum(l^2)^2 / p^2.
+/// normalisation): V(j) = sum(l^4) / p - sum(l^2)^2 / p^2. NaN after a reported allocation failure.
 /// Kaiser, H. F. (1958), Psychometrika 23, 187-200.
 double column_criterion(const double* const* l, int j, int p);
 
 /// The two angles at which V(j) + V(k) is stationary when columns j and k are rotated in their
 /// plane. They are 45 degrees apart: one is the pair's maximum, the other its minimum.
 /// @param angle1  the angle nearest to zero
-/// @param angle2  the other one; both are NaN for a pair without a preferred angle (D == 0)
+/// @param angle2  the other one; both are NaN for a pair without a preferred angle (D == 0), and
+///                after a reported allocation failure
 void pair_angles(const double* const* l, int j, int k, int p, double& angle1, double& angle2);
 
 /// Rotates every pair of the first m columns once, each to the angle that @p method asks for.

@@ -5,8 +5,8 @@
 
 #include "rotationproblem.h"
 
-#include "numerics/kernels/rotationdriver.h"
 #include "numerics/rotation.h"
+#include "plain/numerics.h"
 
 #include <algorithm>
 #include <chrono>
@@ -81,7 +81,7 @@ RotationTrial tryRotation(const Matrix& allLoadings, int m, int method)
     compareWithPlain(trial, allLoadings, l, companion, m, method, sweepBound(p, m));
     // What ended worse may have ended by itself, behind the bound.
     if (trial.isWorse())
-        compareWithPlain(trial, allLoadings, l, companion, m, method, int(refinementLimit(m, p)));
+        compareWithPlain(trial, allLoadings, l, companion, m, method, int(plain::mostSweeps(m, p)));
     return trial;
 }
 

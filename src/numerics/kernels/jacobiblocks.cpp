@@ -22,15 +22,15 @@ constexpr int blockSize = 8;
 constexpr int stripLength = 32;
 constexpr int heldBack = 8;
 
-/// A rotation with the row that it turns against that of ip.
-struct Turn
+/// A rotation of row ip and row iq.
+struct RowRotation
 {
     PlaneRotation rotation;
     std::int64_t iq;
 };
-static_assert(sizeof(Turn) == 3 * sizeof(double));
+static_assert(sizeof(RowRotation) == 3 * sizeof(double));
 
-/// The rows that a turn concerns, from some column on.
+/// The rows that a rotation concerns, from some column on.
 struct Strip
 {
     double* ipRow;
@@ -41,16 +41,16 @@ struct Strip
 /// The rows are more streams than the processor foresees by itself, so each asks for its part of
 /// the next strip. Asking beyond the last row does no harm.
 template <typename Lanes, int Vectors>
-PELMORA_ALWAYS_INLINE void turnStrip(const Strip& strip, const Turn* turns, int count)
+PELMORA_ALWAYS_INLINE void rotateStrip(const Strip& strip, const RowRotation* rotations, int count)
 {
     constexpr int vectorsPerLine = 64 / sizeof(Lanes);
     constexpr int forWriting = 1;
-    Lanes x[Vectors];
+    Lanes x[std::size_t(Vectors)];
     for (int i = 0; i < Vectors; ++i)
         x[i] = lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values;
-    for (const Turn* turn = turns; turn != turns + count; ++turn) {
-        const PlaneRotation rotation = turn->rotation;
-        double* y = strip.firstRow + turn->iq * strip.stride;
+    for (const RowRotation* next = rotations; next != rotations + count; ++next) {
+        const PlaneRotation rotation = next->rotation;
+        double* y = strip.firstRow + next->iq * strip.stride;
         for (int i = 0; i < Vectors; ++i) {
             if (i % vectorsPerLine == 0)
                 __builtin_prefetch(y + (Vectors + i) * laneCount<Lanes>, forWriting);
@@ -61,34 +61,35 @@ PELMORA_ALWAYS_INLINE void turnStrip(const Strip& strip, const Turn* turns, int 
         lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values = x[i];
 }
 
-/// Applies turns, in their order, to the columns from @p first up to @p end (multiples of eight).
-struct TurnColumns
+/// Applies rotations, in their order, to the columns from @p first up to @p end (multiples of
+/// eight).
+struct RotateStrips
 {
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int ip, const Turn* turns, int count,
-                                          int first, int end)
+    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int ip, const RowRotation* rotations,
+                                          int count, int first, int end)
     {
         constexpr int length = 8 * laneCount<Lanes>;
         Strip strip{rows[ip] + first, rows[0] + first, rows.stride()};
         int left = end - first;
         for (; left >= length; left -= length) {
-            turnStrip<Lanes, 8>(strip, turns, count);
+            rotateStrip<Lanes, 8>(strip, rotations, count);
             strip.ipRow += length;
             strip.firstRow += length;
         }
-        turnRest<Lanes>(strip, left / laneCount<Lanes>, turns, count);
+        rotateRest<Lanes>(strip, left / laneCount<Lanes>, rotations, count);
     }
 
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void turnRest(const Strip& strip, int vectors, const Turn* turns,
-                                               int count)
+    PELMORA_ALWAYS_INLINE static void rotateRest(const Strip& strip, int vectors,
+                                                 const RowRotation* rotations, int count)
     {
         if (vectors == 6)
-            turnStrip<Lanes, 6>(strip, turns, count);
+            rotateStrip<Lanes, 6>(strip, rotations, count);
         else if (vectors == 4)
-            turnStrip<Lanes, 4>(strip, turns, count);
+            rotateStrip<Lanes, 4>(strip, rotations, count);
         else if (vectors == 2)
-            turnStrip<Lanes, 2>(strip, turns, count);
+            rotateStrip<Lanes, 2>(strip, rotations, count);
     }
 };
 
@@ -133,8 +134,8 @@ void fetchCrossing(AlignedRows& rows, int ip, int block, Crossing& crossing)
 
 /// Finds the rotations of ip with the rows from @p first up to @p end, all in one block, and
 /// carries them out on the crossing alone.
-int findTurns(JacobiState& state, int ip, int block, int first, int end, Crossing& crossing,
-              Turn* turns)
+int findRotations(JacobiState& state, int ip, int block, int first, int end, Crossing& crossing,
+                  RowRotation* rotations)
 {
     int count = 0;
     for (int iq = first; iq < end; ++iq) {
@@ -149,14 +150,14 @@ int findTurns(JacobiState& state, int ip, int block, int first, int end, Crossin
             crossing.x[q] = crossing.y[q][q] = 0.0;
             for (int j = 0; j < blockSize; ++j)
                 crossing.y[j][q] = crossing.y[q][j];
-            turns[count++] = {rotation, iq};
+            rotations[count++] = {rotation, iq};
         }
     }
     return count;
 }
 
 /// All rotations of ip with the rows of one block; returns their number.
-int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
+int sweepBlock(JacobiState& state, int ip, int block, RowRotation* rotations)
 {
     AlignedRows& rows = state.matrix;
     const int firstBlock = (ip + 1) / blockSize * blockSize;
@@ -166,11 +167,11 @@ int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
 
     Crossing crossing;
     fetchCrossing(rows, ip, block, crossing);
-    const int count = findTurns(state, ip, block, first, end, crossing, turns);
+    const int count = findRotations(state, ip, block, first, end, crossing, rotations);
     if (count > 0) {
-        // Column ip, in which rotations leave zeros, is turned like any other, and mirrored into
+        // Column ip, in which rotations leave zeros, is rotated like any other, and mirrored into
         // row ip. No other column sees it; the lines below and mirrorRow() put both right.
-        runKernel<TurnColumns>(rows, ip, turns, count, 0, width);
+        runKernel<RotateStrips>(rows, ip, rotations, count, 0, width);
         for (int iq = first; iq < block + blockSize; ++iq)
             std::copy_n(crossing.y[iq - block], blockSize, rows[iq] + block);
         runKernel<MirrorBlock>(rows, block, firstBlock, block);
@@ -181,22 +182,22 @@ int sweepBlock(JacobiState& state, int ip, int block, Turn* turns)
     return count;
 }
 
-/// The turns of several successive ip.
-struct HeldTurns
+/// The rotations of several successive ip.
+struct HeldRotations
 {
-    Turn* turns[heldBack];
+    RowRotation* rotations[heldBack];
     int count[heldBack];
     int firstIp = 0;
     int size = 0;
 };
 
-void turnEigenvectors(JacobiState& state, HeldTurns& held)
+void rotateEigenvectors(JacobiState& state, HeldRotations& held)
 {
     const int width = AlignedRows::padded(state.n);
     for (int column = 0; column < width; column += stripLength)
         for (int i = 0; i < held.size; ++i)
-            runKernel<TurnColumns>(state.vectors, held.firstIp + i, held.turns[i], held.count[i],
-                                   column, std::min(column + stripLength, width));
+            runKernel<RotateStrips>(state.vectors, held.firstIp + i, held.rotations[i],
+                                    held.count[i], column, std::min(column + stripLength, width));
     held.firstIp += held.size;
     held.size = 0;
 }
@@ -204,30 +205,30 @@ void turnEigenvectors(JacobiState& state, HeldTurns& held)
 } // namespace
 
 JacobiBlockSweeper::JacobiBlockSweeper(int n)
-    : m_turns(heldBack, n * int(sizeof(Turn) / sizeof(double)))
+    : m_rotations(heldBack, n * int(sizeof(RowRotation) / sizeof(double)))
 {
 }
 
 bool JacobiBlockSweeper::sweep(JacobiState& state)
 {
     constexpr double operationsPerElement = 1.5; // of both rows and eigenvectors
-    HeldTurns held;
+    HeldRotations held;
     for (int i = 0; i < heldBack; ++i)
-        held.turns[i] = reinterpret_cast<Turn*>(m_turns[i]);
+        held.rotations[i] = reinterpret_cast<RowRotation*>(m_rotations[i]);
 
     for (int ip = 0; ip < state.n - 1; ++ip) {
-        Turn* turns = held.turns[held.size];
+        RowRotation* rotations = held.rotations[held.size];
         int count = 0;
         for (int block = (ip + 1) / blockSize * blockSize; block < state.n; block += blockSize)
-            count += sweepBlock(state, ip, block, turns + count);
+            count += sweepBlock(state, ip, block, rotations + count);
         mirrorRow(state, ip, ip + 1);
         held.count[held.size++] = count;
         if (held.size == heldBack)
-            turnEigenvectors(state, held);
+            rotateEigenvectors(state, held);
         if (!state.meter.goOnAfter(operationsPerElement * count * state.n))
             return false;
     }
-    turnEigenvectors(state, held);
+    rotateEigenvectors(state, held);
     mirrorLowerTriangle(state);
     return true;
 }

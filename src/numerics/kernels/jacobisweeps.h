@@ -128,12 +128,12 @@ class JacobiBlockSweeper
 public:
     explicit JacobiBlockSweeper(int n);
 
-    bool isNull() const { return m_turns.isNull(); }
+    bool isNull() const { return m_rotations.isNull(); }
     /// False when the user has cancelled; the state is then of no further use.
     bool sweep(JacobiState& state);
 
 private:
-    AlignedRows m_turns;
+    AlignedRows m_rotations;
 };
 
 } // namespace pelmora

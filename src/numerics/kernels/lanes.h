@@ -12,7 +12,8 @@
 #define PELMORA_WIDE_KERNELS 0
 #endif
 
-/// Parts of kernels, so that they are compiled for the processor that the kernel is compiled for.
+/// For the parts of a kernel: inlined, they take part in the instruction set of the kernel that
+/// calls them; a function of its own would be compiled for the oldest processor.
 #define PELMORA_ALWAYS_INLINE inline __attribute__((always_inline))
 
 namespace pelmora {

@@ -18,9 +18,18 @@ struct PairSums
     double E; ///< of -u^2 / 2 + 2 w^2
 };
 
-/// (b - q) and (b + q) are the tangents of twice the stationary angles: the roots of
-/// t^2 - 2 b t - 1 = 0 for t = tan(2 phi). Their product is -1, so the angles are 45 degrees apart,
-/// and -1 / b = tan(4 phi) is the equation of Kaiser (1958), whose v is 2 w here.
+/// (b - q) and (b + q) are the tangents of twice the stationary angles.
+///
+/// A rotation by phi makes u' = u cos(2 phi) + 2 w sin(2 phi) and w' = w cos(2 phi) - u/2 sin(2
+/// phi). Since x^4 + y^4 = ((x^2 + y^2)^2 + u^2) / 2, the pair's criterion is, but for a constant,
+///
+///     (sum(u'^2) / p - sum(u')^2 / p^2) / 2
+///
+/// and du' / d(2 phi) = 2 w', so it is stationary where D' = sum(u') sum(w') / p - sum(u' w') = 0.
+/// Put in, D' = D cos(4 phi) - F/2 sin(4 phi) with D = A W / p - C and
+/// F = A^2 / (2 p) - 2 W^2 / p + E. With b = -F / (2 D) that is tan(4 phi) = -1 / b, the equation
+/// of Kaiser (1958), whose v is 2 w here; and t = tan(2 phi) is a root of t^2 - 2 b t - 1 = 0. The
+/// two roots have the product -1, so the angles are 45 degrees apart.
 struct PairTangents
 {
     double b;
@@ -38,7 +47,7 @@ inline PairTangents pairTangents(const PairSums& sums, int p)
 }
 
 /// Both stationary angles, the one nearest to zero first.
-inline std::pair<double, double> pairAngles(const PairSums& sums, int p)
+inline std::pair<double, double> stationaryAngles(const PairSums& sums, int p)
 {
     const auto [b, q] = pairTangents(sums, p);
     const double minus = 0.5 * std::atan(b - q);
@@ -54,7 +63,7 @@ inline double nearestAngle(const PairSums& sums, int p)
     const double size = std::fabs(b);
     if (size > 1e-3 && size < 1e100)
         return 0.5 * std::atan(b < 0.0 ? b + q : b - q);
-    return pairAngles(sums, p).first;
+    return stationaryAngles(sums, p).first;
 }
 
 } // namespace pelmora

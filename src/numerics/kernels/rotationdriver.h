@@ -50,7 +50,7 @@ inline std::int64_t refinementLimit(int m, int p)
 }
 
 /// Ends an endless refinement at the right kind of point: from the better of two successive states,
-/// sweeps that turn a pair only where that improves its criterion.
+/// sweeps that rotate a pair only where that improves its criterion.
 template <typename Sweeps>
 void improveToTheEnd(Sweeps& sweeps, std::int64_t sweepLimit)
 {
@@ -70,10 +70,9 @@ void improveToTheEnd(Sweeps& sweeps, std::int64_t sweepLimit)
 
 /// The course of a rotation, whatever carries out its sweeps: two method-aware sweeps choose the
 /// basin, plain ones refine until two totals agree. NaN ends it too.
-/// Sweeps has methodAwareSweep() and plainSweep(), which return the total that
-/// rotation_sweep() returns;
-/// improvingSweep(); total(), the criterion of all rotated columns; and isBetter() for two of
-/// these.
+/// Sweeps has methodAwareSweep() and plainSweep(), which return the total that rotation_sweep()
+/// returns; improvingSweep(); total(), the criterion of all rotated columns; and isBetter() for two
+/// of these.
 template <typename Sweeps>
 void driveRotation(Sweeps& sweeps, int m, int p)
 {

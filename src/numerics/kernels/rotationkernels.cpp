@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // The loops of the rotations over contiguous columns. The four sums of a pair are the lanes of one
-// vector (or of two): the terms of some rows are formed side by side, turned from rows into lanes,
+// vector (or of two): the terms of some rows are formed side by side, transposed,
 // and added one row after the other. Such a chain of additions waits more than it works, so the hot
-// loop carries two of them, and forms the sums of the next pairs from the columns that it turns.
+// loop carries two of them, and forms the sums of the next pairs from the columns that it rotates.
 
 #include "numerics/kernels/rotationkernels.h"
 
@@ -99,21 +99,21 @@ struct CriterionChain
 };
 
 template <typename Lanes>
-PELMORA_ALWAYS_INLINE void turnPair(Lanes& x, Lanes& y, ColumnTurn turn)
+PELMORA_ALWAYS_INLINE void rotatePair(Lanes& x, Lanes& y, ColumnRotation rotation)
 {
     const Lanes oldX = x;
-    x = turn.c * oldX + turn.s * y;
-    y = -(oldX * turn.s) + y * turn.c;
+    x = rotation.c * oldX + rotation.s * y;
+    y = -(oldX * rotation.s) + y * rotation.c;
 }
 
-/// Turns a pair and leaves the results in @p x and @p y too.
+/// Rotates a pair and leaves the results in @p x and @p y too.
 template <typename Lanes>
-PELMORA_ALWAYS_INLINE void turnInPlace(double* columnX, double* columnY, ColumnTurn turn, Lanes& x,
-                                       Lanes& y)
+PELMORA_ALWAYS_INLINE void rotateInPlace(double* columnX, double* columnY, ColumnRotation rotation,
+                                         Lanes& x, Lanes& y)
 {
     x = lanesAt<Lanes>(columnX).values;
     y = lanesAt<Lanes>(columnY).values;
-    turnPair(x, y, turn);
+    rotatePair(x, y, rotation);
     lanesAt<Lanes>(columnX).values = x;
     lanesAt<Lanes>(columnY).values = y;
 }
@@ -179,29 +179,29 @@ struct FormCriteriaAndSums
     }
 };
 
-struct TurnColumns
+struct RotateColumns
 {
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(double* x, double* y, int p, ColumnTurn turn)
+    PELMORA_ALWAYS_INLINE static void run(double* x, double* y, int p, ColumnRotation rotation)
     {
         Lanes newX;
         Lanes newY;
         for (int i = 0; i < p; i += laneCount<Lanes>)
-            turnInPlace(x + i, y + i, turn, newX, newY);
+            rotateInPlace(x + i, y + i, rotation, newX, newY);
     }
 };
 
-struct TurnColumnsInto
+struct RotateColumnsInto
 {
     template <typename Lanes>
     PELMORA_ALWAYS_INLINE static Criteria run(const double* x, const double* y, int p,
-                                              ColumnTurn turn, double* newX, double* newY)
+                                              ColumnRotation rotation, double* newX, double* newY)
     {
         CriterionChain<Lanes> criteria;
         for (int i = 0; i < p; i += laneCount<Lanes>) {
             Lanes someX = lanesAt<Lanes>(x + i).values;
             Lanes someY = lanesAt<Lanes>(y + i).values;
-            turnPair(someX, someY, turn);
+            rotatePair(someX, someY, rotation);
             lanesAt<Lanes>(newX + i).values = someX;
             lanesAt<Lanes>(newY + i).values = someY;
             criteria.add(someX, someY);
@@ -210,11 +210,12 @@ struct TurnColumnsInto
     }
 };
 
-struct TurnTwoPairs
+struct RotateTwoPairs
 {
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(const TwoPairs& pairs, int p, ColumnTurn turn,
-                                          ColumnTurn otherTurn, PairSums& sums, PairSums& otherSums)
+    PELMORA_ALWAYS_INLINE static void run(const TwoPairs& pairs, int p, ColumnRotation rotation,
+                                          ColumnRotation otherRotation, PairSums& sums,
+                                          PairSums& otherSums)
     {
         const auto [x, y, otherX, otherY, next] = pairs;
         PairChain<Lanes> chain;
@@ -222,11 +223,11 @@ struct TurnTwoPairs
         for (int i = 0; i < p; i += laneCount<Lanes>) {
             Lanes newX;
             Lanes newY;
-            turnInPlace(x + i, y + i, turn, newX, newY);
+            rotateInPlace(x + i, y + i, rotation, newX, newY);
             chain.add(newX, lanesAt<Lanes>(next + i).values);
             Lanes newOtherX;
             Lanes newOtherY;
-            turnInPlace(otherX + i, otherY + i, otherTurn, newOtherX, newOtherY);
+            rotateInPlace(otherX + i, otherY + i, otherRotation, newOtherX, newOtherY);
             otherChain.add(newOtherX, newY);
         }
         sums = chain.result();
@@ -256,21 +257,21 @@ Criteria criteriaAndSums(const double* x, const double* y, int p, PairSums& sums
     return runKernel<FormCriteriaAndSums>(x, y, p, sums);
 }
 
-void turnColumns(double* x, double* y, int p, ColumnTurn turn)
+void rotateColumns(double* x, double* y, int p, ColumnRotation rotation)
 {
-    runKernel<TurnColumns>(x, y, p, turn);
+    runKernel<RotateColumns>(x, y, p, rotation);
 }
 
-Criteria turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
-                         double* newY)
+Criteria rotateColumnsInto(const double* x, const double* y, int p, ColumnRotation rotation,
+                           double* newX, double* newY)
 {
-    return runKernel<TurnColumnsInto>(x, y, p, turn, newX, newY);
+    return runKernel<RotateColumnsInto>(x, y, p, rotation, newX, newY);
 }
 
-void turnTwoPairs(const TwoPairs& pairs, int p, ColumnTurn turn, ColumnTurn otherTurn,
-                  PairSums& sums, PairSums& otherSums)
+void rotateTwoPairs(const TwoPairs& pairs, int p, ColumnRotation rotation,
+                    ColumnRotation otherRotation, PairSums& sums, PairSums& otherSums)
 {
-    runKernel<TurnTwoPairs>(pairs, p, turn, otherTurn, sums, otherSums);
+    runKernel<RotateTwoPairs>(pairs, p, rotation, otherRotation, sums, otherSums);
 }
 
 } // namespace pelmora

@@ -8,13 +8,13 @@
 namespace pelmora {
 
 /// A plane rotation of two columns by its sine and cosine.
-struct ColumnTurn
+struct ColumnRotation
 {
     double s;
     double c;
 };
 
-/// Two pairs of columns that are turned in one pass, and the pairs that come next.
+/// Two pairs of columns that are rotated in one pass, and the pairs that come next.
 struct TwoPairs
 {
     double* x; ///< the first pair
@@ -47,15 +47,15 @@ Criteria columnCriteria(const double* x, const double* y, int p);
 /// The criteria of a pair, and its sums in the same pass.
 Criteria criteriaAndSums(const double* x, const double* y, int p, PairSums& sums);
 
-void turnColumns(double* x, double* y, int p, ColumnTurn turn);
+void rotateColumns(double* x, double* y, int p, ColumnRotation rotation);
 
 /// Leaves the columns alone and writes the turned ones to @p newX and @p newY; returns their
 /// criteria.
-Criteria turnColumnsInto(const double* x, const double* y, int p, ColumnTurn turn, double* newX,
-                         double* newY);
+Criteria rotateColumnsInto(const double* x, const double* y, int p, ColumnRotation rotation,
+                           double* newX, double* newY);
 
-/// Turns both pairs, and sums up the next two from the results.
-void turnTwoPairs(const TwoPairs& pairs, int p, ColumnTurn turn, ColumnTurn otherTurn,
-                  PairSums& sums, PairSums& otherSums);
+/// Rotates both pairs, and sums up the next two from the results.
+void rotateTwoPairs(const TwoPairs& pairs, int p, ColumnRotation rotation,
+                    ColumnRotation otherRotation, PairSums& sums, PairSums& otherSums);
 
 } // namespace pelmora

@@ -90,16 +90,17 @@ bool RotationSweeps::isBetter(double criterion, double other) const
 
 /// Nothing for a pair without a usable angle, which stays as it stands. NaN in the loadings is
 /// another matter: it spreads.
-std::optional<ColumnTurn> RotationSweeps::turnBy(double angle, int j, int k) const
+std::optional<ColumnRotation> RotationSweeps::rotationBy(double angle, int j, int k) const
 {
     if (std::isnan(angle) && !hasNan(m_l[j], m_variables) && !hasNan(m_l[k], m_variables))
         return {};
-    return ColumnTurn{std::sin(angle), std::cos(angle)};
+    return ColumnRotation{std::sin(angle), std::cos(angle)};
 }
 
-std::optional<ColumnTurn> RotationSweeps::nearestTurn(const PairSums& sums, int j, int k) const
+std::optional<ColumnRotation> RotationSweeps::nearestRotation(const PairSums& sums, int j,
+                                                              int k) const
 {
-    return turnBy(nearestAngle(sums, m_variables), j, k);
+    return rotationBy(nearestAngle(sums, m_variables), j, k);
 }
 
 double RotationSweeps::criterionOf(int j) const
@@ -107,40 +108,40 @@ double RotationSweeps::criterionOf(int j) const
     return columnCriteria(m_l[j], m_l[j], m_variables).x;
 }
 
-double RotationSweeps::trialOf(ColumnTurn turn, int j, int k)
+double RotationSweeps::trialOf(ColumnRotation rotation, int j, int k)
 {
-    return turnColumnsInto(m_l[j], m_l[k], m_variables, turn, m_work[0], m_work[1]).sum();
+    return rotateColumnsInto(m_l[j], m_l[k], m_variables, rotation, m_work[0], m_work[1]).sum();
 }
 
 /// The angle not taken is never looked at: one of the two is the maximum, the other the minimum.
-std::optional<ColumnTurn> RotationSweeps::methodAwareTurn(int j, int k)
+std::optional<ColumnRotation> RotationSweeps::methodAwareRotation(int j, int k)
 {
     PairSums sums;
     const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
-    const auto [angle1, angle2] = pairAngles(sums, m_variables);
-    const std::optional<ColumnTurn> first = turnBy(angle1, j, k);
+    const auto [angle1, angle2] = stationaryAngles(sums, m_variables);
+    const std::optional<ColumnRotation> first = rotationBy(angle1, j, k);
     if (first && isBetter(current, trialOf(*first, j, k)))
-        return turnBy(angle2, j, k);
+        return rotationBy(angle2, j, k);
     return first;
 }
 
-std::optional<ColumnTurn> RotationSweeps::improvingTurn(int j, int k)
+std::optional<ColumnRotation> RotationSweeps::improvingRotation(int j, int k)
 {
     PairSums sums;
     const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
-    const auto [angle1, angle2] = pairAngles(sums, m_variables);
+    const auto [angle1, angle2] = stationaryAngles(sums, m_variables);
     for (double angle : {angle1, angle2}) {
-        const std::optional<ColumnTurn> candidate = turnBy(angle, j, k);
+        const std::optional<ColumnRotation> candidate = rotationBy(angle, j, k);
         if (candidate && isBetter(trialOf(*candidate, j, k), current))
             return candidate;
     }
     return {};
 }
 
-void RotationSweeps::turn(int j, int k, ColumnTurn by)
+void RotationSweeps::rotate(int j, int k, ColumnRotation by)
 {
-    turnColumns(m_l[j], m_l[k], m_variables, by);
-    turnColumns(m_b[j], m_b[k], m_variables, by);
+    rotateColumns(m_l[j], m_l[k], m_variables, by);
+    rotateColumns(m_b[j], m_b[k], m_variables, by);
 }
 
 bool RotationSweeps::goOnAfterPairs(int pairs)
@@ -157,8 +158,8 @@ double RotationSweeps::methodAwareSweep()
         if (!goOnAfterPairs(m_factors - j))
             return cancelledTotal;
         for (int k = j + 1; k < m_factors; ++k)
-            if (const auto best = methodAwareTurn(j, k))
-                turn(j, k, *best);
+            if (const auto best = methodAwareRotation(j, k))
+                rotate(j, k, *best);
         criterion += criterionOf(j);
     }
     return criterion + criterionOf(m_factors);
@@ -169,48 +170,48 @@ void RotationSweeps::improvingSweep()
     ++m_meter.progress().sweep;
     for (int j = 0; j < m_factors - 1 && goOnAfterPairs(m_factors - j); ++j)
         for (int k = j + 1; k < m_factors; ++k)
-            if (const auto best = improvingTurn(j, k))
-                turn(j, k, *best);
+            if (const auto best = improvingRotation(j, k))
+                rotate(j, k, *best);
 }
 
-void RotationSweeps::turnToNearest(int j, int k)
+void RotationSweeps::rotateToNearest(int j, int k)
 {
-    if (const auto nearest = nearestTurn(pairSums(m_l[j], m_l[k], m_variables), j, k))
-        turn(j, k, *nearest);
+    if (const auto nearest = nearestRotation(pairSums(m_l[j], m_l[k], m_variables), j, k))
+        rotate(j, k, *nearest);
 }
 
-/// Turns pair (j, k) and, unless it is too early for it, pair (j + 1, k - 1), whose sums are given.
-/// Leaves the sums of the next pairs (j, k + 1) and (j + 1, k). After the last column comes one of
-/// zeros.
+/// Rotates pair (j, k) and, unless it is too early for it, pair (j + 1, k - 1), whose sums are
+/// given. Leaves the sums of the next pairs (j, k + 1) and (j + 1, k). After the last column comes
+/// one of zeros.
 void RotationSweeps::advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums)
 {
     const int p = m_variables;
-    const auto first = nearestTurn(sums, j, k);
-    const auto second = otherSums ? nearestTurn(*otherSums, j + 1, k - 1) : std::nullopt;
+    const auto first = nearestRotation(sums, j, k);
+    const auto second = otherSums ? nearestRotation(*otherSums, j + 1, k - 1) : std::nullopt;
     const TwoPairs pairs{m_l[j], m_l[k], m_l[j + 1], m_l[k - 1],
                          k + 1 < m_factors ? m_l[k + 1] : m_work[2]};
     if (first && second) {
-        turnTwoPairs(pairs, p, *first, *second, sums, *otherSums);
-        turnColumns(m_b[j], m_b[k], p, *first);
-        turnColumns(m_b[j + 1], m_b[k - 1], p, *second);
+        rotateTwoPairs(pairs, p, *first, *second, sums, *otherSums);
+        rotateColumns(m_b[j], m_b[k], p, *first);
+        rotateColumns(m_b[j + 1], m_b[k - 1], p, *second);
         return;
     }
     if (first)
-        turn(j, k, *first);
+        rotate(j, k, *first);
     if (second)
-        turn(j + 1, k - 1, *second);
+        rotate(j + 1, k - 1, *second);
     sumTwoPairs(pairs, p, sums, otherSums.emplace());
 }
 
 void RotationSweeps::refineTwoFactors(int j)
 {
-    turnToNearest(j, j + 1);
+    rotateToNearest(j, j + 1);
     PairSums sums = pairSums(m_l[j], m_l[j + 2], m_variables);
     std::optional<PairSums> otherSums;
     for (int k = j + 2; k < m_factors; ++k)
         advance(j, k, sums, otherSums);
-    if (const auto last = nearestTurn(*otherSums, j + 1, m_factors - 1))
-        turn(j + 1, m_factors - 1, *last);
+    if (const auto last = nearestRotation(*otherSums, j + 1, m_factors - 1))
+        rotate(j + 1, m_factors - 1, *last);
 }
 
 double RotationSweeps::plainSweep()
@@ -229,7 +230,7 @@ double RotationSweeps::plainSweep()
     if (!goOnAfterPairs(1))
         return cancelledTotal;
     if (j + 1 < m_factors) {
-        turnToNearest(j, j + 1);
+        rotateToNearest(j, j + 1);
         criterion += criterionOf(j);
     }
     return criterion + criterionOf(m_factors);

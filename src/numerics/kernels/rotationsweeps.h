@@ -37,14 +37,14 @@ public:
     void putBack();
 
 private:
-    std::optional<ColumnTurn> turnBy(double angle, int j, int k) const;
-    std::optional<ColumnTurn> nearestTurn(const PairSums& sums, int j, int k) const;
-    std::optional<ColumnTurn> methodAwareTurn(int j, int k);
-    std::optional<ColumnTurn> improvingTurn(int j, int k);
+    std::optional<ColumnRotation> rotationBy(double angle, int j, int k) const;
+    std::optional<ColumnRotation> nearestRotation(const PairSums& sums, int j, int k) const;
+    std::optional<ColumnRotation> methodAwareRotation(int j, int k);
+    std::optional<ColumnRotation> improvingRotation(int j, int k);
     double criterionOf(int j) const;
-    double trialOf(ColumnTurn turn, int j, int k);
-    void turn(int j, int k, ColumnTurn by);
-    void turnToNearest(int j, int k);
+    double trialOf(ColumnRotation rotation, int j, int k);
+    void rotate(int j, int k, ColumnRotation by);
+    void rotateToNearest(int j, int k);
     void refineTwoFactors(int j);
     bool goOnAfterPairs(int pairs);
     void advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums);
