@@ -4,7 +4,9 @@
 # What every target of ours is compiled with. Results must not depend on the compiler's taste for
 # fused operations, so contraction is off everywhere, not only in the numerics.
 function(pelmora_set_options target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -ffp-contract=off)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow
+        -ffp-contract=off)
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
     if(PELMORA_WARNINGS_AS_ERRORS)

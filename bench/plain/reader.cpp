@@ -62,7 +62,8 @@ bool readFile(const QString& fileName, TextFile& file)
         const QByteArray bytes = input.readLine();
         if (bytes.isEmpty())
             return false;
-        const QString line = QString::fromLatin1(bytes.constData(), qstrlen(bytes.constData()));
+        const QString line =
+            QString::fromLatin1(bytes.constData(), qsizetype(qstrlen(bytes.constData())));
         for (const QString& piece : line.split(lineEnds, Qt::SkipEmptyParts))
             classify(trimmed(piece), file);
     }

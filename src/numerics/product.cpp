@@ -9,6 +9,8 @@
 
 #include "numerics/kernels/lanes.h"
 
+#include <cstddef>
+
 namespace pelmora {
 
 namespace {
@@ -33,7 +35,7 @@ PELMORA_ALWAYS_INLINE double factor(const Operands& m, int i, int k)
 template <typename Lanes, bool Transposed, int Rows>
 PELMORA_ALWAYS_INLINE void someColumns(const Operands& m, int i, int j)
 {
-    Lanes sum[Rows] = {};
+    Lanes sum[std::size_t(Rows)] = {};
     for (int k = 0; k < m.terms; ++k) {
         const Lanes b = lanesAt<Lanes>(m.b[k] + j).values;
         for (int row = 0; row < Rows; ++row)
@@ -46,7 +48,7 @@ PELMORA_ALWAYS_INLINE void someColumns(const Operands& m, int i, int j)
 template <bool Transposed, int Rows>
 PELMORA_ALWAYS_INLINE void oneColumn(const Operands& m, int i, int j)
 {
-    double sum[Rows] = {};
+    double sum[std::size_t(Rows)] = {};
     for (int k = 0; k < m.terms; ++k) {
         const double b = m.b[k][j];
         for (int row = 0; row < Rows; ++row)

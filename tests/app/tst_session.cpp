@@ -46,7 +46,8 @@ QByteArray bits(const pelmora::Matrix& matrix)
 {
     QByteArray result;
     for (int i = 0; i < matrix.rows(); ++i)
-        result.append(reinterpret_cast<const char*>(matrix[i]), sizeof(double) * matrix.columns());
+        result.append(reinterpret_cast<const char*>(matrix[i]),
+                      qsizetype(sizeof(double)) * matrix.columns());
     return result;
 }
 

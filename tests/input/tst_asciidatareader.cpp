@@ -90,15 +90,15 @@ void TestAsciiDataReader::containerOfAnotherSize()
 {
     using plaincomparison::untouched;
     const SampleFile file("data.txt", "1 2 3\n4 5 6\n");
-    for (const auto& [rows, columns] : {std::pair(1, 3), {2, 2}, {3, 4}, {0, 0}}) {
+    for (const auto& [rows, columns] : {std::pair(1U, 3U), {2, 2}, {3, 4}, {0, 0}}) {
         AsciiDataReader reader(file.path(), nullptr);
         QVERIFY(reader.readFile());
         AsciiData data;
         QVERIFY(plaincomparison::prepare(data, rows, columns));
         QVERIFY(!reader.getData(data));
-        QCOMPARE(data.matrix().rows(), rows);
-        for (int r = 0; r < rows; ++r)
-            for (int c = 0; c < columns; ++c)
+        QCOMPARE(data.rows(), rows);
+        for (int r = 0; r < data.matrix().rows(); ++r)
+            for (int c = 0; c < data.matrix().columns(); ++c)
                 QCOMPARE(data.matrix()[r][c], r < 2 && c < 3 ? 3 * r + c + 1 : untouched);
     }
 }

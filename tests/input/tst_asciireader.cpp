@@ -147,7 +147,7 @@ void TestAsciiReader::piecesAreTheSameForEveryChunkSize()
             bytes += "12 3.vx\n\n\r\0"[random.bounded(11)];
         const SampleFile input("pieces.txt", bytes);
         const QByteArrayList expected = piecesOf(input.path(), LineBuffer::usualChunk);
-        for (const std::size_t chunkSize : {1, 2, 3, 5, 16, 50})
+        for (const std::size_t chunkSize : {1U, 2U, 3U, 5U, 16U, 50U})
             QVERIFY2(piecesOf(input.path(), chunkSize) == expected, bytes.toHex(' ').constData());
     }
 }

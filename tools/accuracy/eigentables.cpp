@@ -46,7 +46,7 @@ double worstRelativeError(Vector values, const std::vector<long double>& trueVal
     std::sort(values.begin(), values.end(), std::greater<>());
     long double worst = 0.0L;
     for (int k = 0; k < values.size(); ++k)
-        worst = std::max(worst, std::fabs(values[k] / trueValues[k] - 1.0L));
+        worst = std::max(worst, std::fabs(values[k] / trueValues[std::size_t(k)] - 1.0L));
     return double(worst);
 }
 

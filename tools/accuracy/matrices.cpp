@@ -21,11 +21,11 @@ void mirrorUpper(Matrix& a)
 }
 
 /// a := H a H with the reflection H = I - 2 u u' / u'u.
-void reflect(Matrix& a, const std::vector<double>& u)
+void reflect(Matrix& a, const Vector& u)
 {
     const int n = a.rows();
     const double beta = 2.0 / std::inner_product(u.begin(), u.end(), u.begin(), 0.0);
-    std::vector<double> w(std::size_t(n), 0.0);
+    Vector w(n);
     for (int i = 0; i < n; ++i)
         w[i] = beta * std::inner_product(u.begin(), u.end(), a[i], 0.0);
     const double half = 0.5 * beta * std::inner_product(u.begin(), u.end(), w.begin(), 0.0);
@@ -99,9 +99,9 @@ Matrix withEigenvalues(Random& random, const std::vector<double>& eigenvalues)
     Matrix a(n, n);
     for (int i = 0; i < n; ++i) {
         std::fill_n(a[i], n, 0.0);
-        a[i][i] = eigenvalues[i] / mean;
+        a[i][i] = eigenvalues[std::size_t(i)] / mean;
     }
-    std::vector<double> u(eigenvalues.size());
+    Vector u(n);
     for (int k = 0; k < n; ++k) {
         for (double& value : u)
             value = random.normal();
@@ -157,7 +157,7 @@ void scale(Matrix& r, const std::vector<double>& deviations)
 {
     for (int i = 0; i < r.rows(); ++i)
         for (int j = 0; j < r.columns(); ++j)
-            r[i][j] *= deviations[i] * deviations[j];
+            r[i][j] *= deviations[std::size_t(i)] * deviations[std::size_t(j)];
 }
 
 } // namespace pelmora

@@ -41,15 +41,15 @@ std::vector<Numbers> readRows(const std::filesystem::path& file)
 Numbers graded(int n, double orders)
 {
     Numbers values(static_cast<std::size_t>(n));
-    for (int k = 0; k < n; ++k)
-        values[k] = std::pow(10.0, -orders * k / (n - 1));
+    for (std::size_t k = 0; k < values.size(); ++k)
+        values[k] = std::pow(10.0, -orders * double(k) / (n - 1));
     return values;
 }
 
 Numbers shuffled(Random& random, Numbers values)
 {
     for (int k = int(values.size()) - 1; k > 0; --k)
-        std::swap(values[k], values[random.integer(0, k)]);
+        std::swap(values[std::size_t(k)], values[std::size_t(random.integer(0, k))]);
     return values;
 }
 
@@ -110,8 +110,11 @@ Matrix readMatrix(const std::filesystem::path& file)
         throw std::runtime_error("no matrix in " + file.string());
     Matrix a(int(rows.size()), int(rows.back().size()));
     for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < a.columns(); ++j)
-            a[i][j] = j < int(rows[i].size()) ? rows[i][j] : rows[j].at(std::size_t(i));
+        for (int j = 0; j < a.columns(); ++j) {
+            const auto row = std::size_t(i);
+            const auto column = std::size_t(j);
+            a[i][j] = column < rows[row].size() ? rows[row][column] : rows[column].at(row);
+        }
     return a;
 }
 

@@ -107,11 +107,11 @@ double scaledResidual(const Matrix& a, const Eigenpairs& pairs)
             columnNorm += std::fabs(a[i][k]);
             const long double x = pairs.vectors[i][k];
             for (int j = 0; j < n; ++j)
-                difference[j] += x * a[i][j];
+                difference[std::size_t(j)] += x * a[i][j];
         }
         long double sum = 0.0L;
         for (int i = 0; i < n; ++i)
-            sum += std::fabs(difference[i] -
+            sum += std::fabs(difference[std::size_t(i)] -
                              static_cast<long double>(pairs.vectors[i][k]) * pairs.values[k]);
         norm = std::max(norm, columnNorm);
         residual = std::max(residual, sum);
@@ -126,11 +126,11 @@ double scaledDeparture(const Matrix& v)
     std::vector<long double> products(static_cast<std::size_t>(n));
     for (int k = 0; k < n; ++k) {
         std::fill(products.begin(), products.end(), 0.0L);
-        products[k] = -1.0L;
+        products[std::size_t(k)] = -1.0L;
         for (int i = 0; i < v.rows(); ++i) {
             const long double x = v[i][k];
             for (int j = 0; j < n; ++j)
-                products[j] += x * v[i][j];
+                products[std::size_t(j)] += x * v[i][j];
         }
         long double sum = 0.0L;
         for (const long double product : products)

@@ -11,8 +11,8 @@
 # where it should: the table of docs/robustness.md, for which the processor is busy for an hour or two.
 
 # shellcheck disable=SC2034 # need looks it up
-packages+=([accuracy]="liblapack-dev r-base-core python3-mpmath")
-need build accuracy
+packages+=([comparison]="r-base-core python3-mpmath")
+need build accuracy comparison
 
 folder=build/accuracy
 work=$folder/measured

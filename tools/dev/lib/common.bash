@@ -19,6 +19,8 @@ default_preset() {
 # configure <preset>: only when needed; after that the build itself notices changed CMake files.
 configure() {
     local cache=build/$1/CMakeCache.txt
+    # It compiles the benchmarks and the tools for accuracy too.
+    [ "$1" != ci ] || need bench accuracy
     if [ ! -f "build/$1/build.ninja" ] || [ CMakePresets.json -nt "$cache" ]; then
         say "Configuring ($1)"
         cmake --preset "$1"

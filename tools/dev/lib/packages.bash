@@ -13,6 +13,7 @@ declare -A packages=(
     [lint]="clang-tidy-14 shellcheck"
     [fuzz]="clang libclang-rt-dev"
     [bench]="libbenchmark-dev"
+    [accuracy]="liblapack-dev"
     [package]="dpkg-dev file desktop-file-utils appstream lintian"
     [recipes]="postgresql postgresql-client python3-distributed procps"
     [fresh]="mmdebstrap"
