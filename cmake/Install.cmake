@@ -42,17 +42,14 @@ function(pelmora_compress file name)
     add_custom_target(compress_${name} ALL DEPENDS ${compressed})
 endfunction()
 
-pelmora_compress(${packaging}/pelmora.1 pelmora.1.gz)
-install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-
-pelmora_compress(${packaging}/pelmora-convert.1 pelmora-convert.1.gz)
-install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora-convert.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES ${packaging}/pelmora-convert.bash
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-    RENAME pelmora-convert)
-
-pelmora_compress(${packaging}/pelmora-large.1 pelmora-large.1.gz)
-install(FILES ${CMAKE_BINARY_DIR}/packaging/pelmora-large.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES ${packaging}/pelmora-large.bash
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-    RENAME pelmora-large)
+# The manual pages name the version.
+foreach(page pelmora pelmora-convert pelmora-large)
+    configure_file(${packaging}/${page}.1 ${CMAKE_BINARY_DIR}/packaging/${page}.1 @ONLY)
+    pelmora_compress(${CMAKE_BINARY_DIR}/packaging/${page}.1 ${page}.1.gz)
+    install(FILES ${CMAKE_BINARY_DIR}/packaging/${page}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()
+foreach(program pelmora-convert pelmora-large)
+    install(FILES ${packaging}/${program}.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME ${program})
+endforeach()

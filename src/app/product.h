@@ -3,11 +3,11 @@
 
 #pragma once
 
-/// Who and what the program is: the one place to change for a release.
+/// Who and what the program is. Its name and version are those of the project, in CMakeLists.txt.
 namespace product {
 
-inline constexpr char name[] = "Pelmora";
-inline constexpr char version[] = "1.0";
+inline constexpr char name[] = PELMORA_NAME;
+inline constexpr char version[] = PELMORA_VERSION;
 inline constexpr char rightsYear[] = "2014";
 /// Stated as is, whatever the build: it names the edition, not the machine it was compiled for.
 inline constexpr char bitWidth[] = "32";
