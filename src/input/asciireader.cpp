@@ -100,8 +100,7 @@ bool AsciiReader::readNumbers(QFile& file)
             m_nameLines.append(trimmedText(p, end));
             return end;
         }
-        bool isData = false;
-        return m_numbers->takeLine(p, isData);
+        return m_numbers->takeLine(p);
     });
 }
 

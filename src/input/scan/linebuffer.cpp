@@ -6,16 +6,10 @@
 #include <QFile>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
 namespace pelmora {
-
-void LineBuffer::Free::operator()(char* bytes) const
-{
-    std::free(bytes);
-}
 
 bool LineBuffer::next()
 {
@@ -93,11 +87,8 @@ bool LineBuffer::readMore()
 bool LineBuffer::grow()
 {
     const std::size_t capacity = m_capacity == 0 ? m_chunkSize : 2 * m_capacity;
-    auto* bytes = static_cast<char*>(std::realloc(m_bytes.get(), capacity + numberscan::margin));
-    if (!bytes)
+    if (!resize(m_bytes, capacity + numberscan::margin))
         return false;
-    static_cast<void>(m_bytes.release());
-    m_bytes.reset(bytes);
     m_capacity = capacity;
     return true;
 }

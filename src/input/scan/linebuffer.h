@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "input/scan/mallocblock.h"
 #include "input/scan/numberscan.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 
 class QFile;
 
@@ -43,11 +43,6 @@ public:
     bool failed() const { return m_failed; }
 
 private:
-    struct Free
-    {
-        void operator()(char* bytes) const;
-    };
-
     void dropRun();
     bool readMore();
     void findRun(std::size_t searched);
@@ -56,7 +51,7 @@ private:
 
     QFile& m_file;
     std::size_t m_chunkSize;
-    std::unique_ptr<char[], Free> m_bytes;
+    MallocBlock<char> m_bytes;
     std::size_t m_capacity = 0;
     std::size_t m_size = 0;          ///< bytes read and not yet dropped
     std::size_t m_run = 0;           ///< how many of them make up the run

@@ -13,7 +13,6 @@
 #include <bit>
 #include <climits>
 #include <cstdint>
-#include <cstdlib>
 
 namespace pelmora {
 
@@ -56,11 +55,6 @@ const char* entryEnd(const char* p)
 
 } // namespace
 
-void NumberLines::Free::operator()(double* block) const
-{
-    std::free(block);
-}
-
 void NumberLines::continueBehind(std::size_t lines, std::size_t columns)
 {
     m_lines = lines;
@@ -68,15 +62,14 @@ void NumberLines::continueBehind(std::size_t lines, std::size_t columns)
     m_columnsKnown = true;
 }
 
-const char* NumberLines::takeLine(const char* p, bool& isData)
+const char* NumberLines::takeLine(const char* p)
 {
     const char* start = p;
     Line line = beginLine();
     for (;;) {
         p = takeCommonNumbers(p, line.next, line.limit);
         const ByteClass byteClass = classOf(*p);
-        isData = byteClass != ByteClass::Other;
-        if (!isData)
+        if (byteClass == ByteClass::Other)
             return pieceEnd(p);
         if (!belongsToNumber(byteClass))
             break;
@@ -168,7 +161,8 @@ bool NumberLines::reserve(std::size_t numbers)
     if (needed <= m_capacity)
         return true;
     constexpr std::size_t smallest = 8192;
-    // Ever less, but never so little that there is no end of enlargements.
+    // As much in reserve as there is memory for, but at least a sixteenth: with a fixed reserve the
+    // time for copying would grow with the square of the size.
     for (const std::size_t more : {m_capacity, m_capacity / 4, m_capacity / 16})
         if (resize(std::max({needed, m_capacity + more, smallest})))
             return true;
@@ -178,14 +172,10 @@ bool NumberLines::reserve(std::size_t numbers)
 
 bool NumberLines::resize(std::size_t capacity)
 {
-    auto* block =
-        static_cast<double*>(std::realloc(m_block.get(), (capacity + 1) * sizeof(double)));
-    if (!block)
+    if (!pelmora::resize(m_block, capacity + 1))
         return false;
-    static_cast<void>(m_block.release());
-    m_block.reset(block);
     m_capacity = capacity;
-    adviseLargePages(block, (capacity + 1) * sizeof(double));
+    adviseLargePages(m_block.get(), (capacity + 1) * sizeof(double));
     return true;
 }
 

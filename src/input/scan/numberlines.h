@@ -3,12 +3,12 @@
 
 #pragma once
 
+#include "input/scan/mallocblock.h"
 #include "numerics/owners.h"
 
 #include <QString>
 
 #include <cstddef>
-#include <memory>
 
 namespace pelmora {
 
@@ -39,8 +39,8 @@ public:
     void continueBehind(std::size_t lines, std::size_t columns);
 
     /// Takes the line at @p p apart and returns its end: the CR, LF or NUL behind it.
-    /// @param isData  false when the line holds anything but numbers; nothing of it is kept then
-    const char* takeLine(const char* p, bool& isData);
+    /// Nothing is kept of a line that holds anything but numbers.
+    const char* takeLine(const char* p);
 
     /// The lines, those that were continued included.
     std::size_t lineCount() const { return m_lines; }
@@ -72,10 +72,6 @@ public:
     void copyTo(Matrix& matrix) const;
 
 private:
-    struct Free
-    {
-        void operator()(double* block) const;
-    };
     /// A line while it is taken apart. It counts only when it turns out to be a data line.
     struct Line
     {
@@ -99,9 +95,9 @@ private:
     void reserveForText(std::size_t lineLength);
 
     std::size_t m_textSize = 0;
-    std::unique_ptr<double[], Free> m_block; ///< a spare double, then the numbers, line by line
-    std::size_t m_capacity = 0;              ///< numbers that the block can hold
-    std::size_t m_size = 0;                  ///< numbers kept
+    MallocBlock<double> m_block; ///< a spare double, then the numbers, line by line
+    std::size_t m_capacity = 0;  ///< numbers that the block can hold
+    std::size_t m_size = 0;      ///< numbers kept
     std::size_t m_lines = 0;
     std::size_t m_columns = 0;
     bool m_columnsKnown = false;
