@@ -3,17 +3,16 @@
 
 #include "output/numbertext.h"
 
+#include "numerics/powersoften.h"
+
 #include <QLocale>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace numbertext {
 
 namespace {
-
-constexpr std::array<double, 10> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 
 unsigned capped(unsigned decimals)
 {
@@ -24,7 +23,7 @@ unsigned capped(unsigned decimals)
 
 double rounded(double x, unsigned decimals)
 {
-    const double factor = powersOfTen[capped(decimals)];
+    const double factor = pelmora::exactPowersOfTen[capped(decimals)];
     return std::floor(x * factor + 0.5) / factor;
 }
 

@@ -4,7 +4,7 @@
 #include "input/scan/numberparser.h"
 
 #include "input/scan/charclass.h"
-#include "input/scan/powersoften.h"
+#include "numerics/powersoften.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

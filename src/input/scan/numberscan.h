@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "input/scan/powersoften.h"
+#include "numerics/powersoften.h"
 
 #include <bit>
 #include <cstddef>
