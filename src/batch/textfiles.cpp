@@ -84,7 +84,7 @@ private:
     {
         add(LoadingFiles, m_names.pageFile(m_factors, loadingsExtension(page.kind)),
             [&](std::ostream& out) {
-                writeLoadings(out, page.loadings, m_analysis.factors, m_decimals);
+                writeLoadings(out, page.loadings.values, page.loadings.names, m_decimals);
             });
         add(ScoreFiles, m_names.pageFile(m_factors, scoresExtension(page.kind)),
             [&](std::ostream& out) { writeScores(out, page.scores, m_decimals); });

@@ -24,16 +24,16 @@ std::string scoreText(double x, unsigned decimals)
 
 } // namespace
 
-void writeLoadings(std::ostream& out, const NamedMatrix& loadings, int numberOfFactors,
+void writeLoadings(std::ostream& out, const pelmora::Matrix& loadings, const VariableNames& names,
                    unsigned decimals)
 {
-    const LoadingSums sums = loadingSums(loadings.values, numberOfFactors);
-    for (int i = 0; i < loadings.values.rows(); ++i) {
+    const LoadingSums sums = loadingSums(loadings, loadings.columns());
+    for (int i = 0; i < loadings.rows(); ++i) {
         const auto variable = static_cast<std::size_t>(i);
-        for (int j = 0; j < numberOfFactors; ++j)
-            out << numberField(loadings.values[i][j], decimals) << ' ';
+        for (int j = 0; j < loadings.columns(); ++j)
+            out << numberField(loadings[i][j], decimals) << ' ';
         out << " | " << numberField(sums.communalities[variable], decimals) << " | "
-            << loadings.names[variable] << '\n';
+            << names[variable] << '\n';
     }
     out << std::string((sums.explainedVariance.size() + 1) * (decimals + 6), '-') << "----\n";
     for (const double variance : sums.explainedVariance)

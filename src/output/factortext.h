@@ -3,13 +3,14 @@
 
 #pragma once
 
-#include "input/namedmatrix.h"
+#include "input/variablenames.h"
+#include "numerics/owners.h"
 
 #include <iosfwd>
 
-/// Writes the first @p numberOfFactors loadings of each variable with its communality and its name,
-/// and the explained variances in percent below a rule. Numbers are rounded to @p decimals.
-void writeLoadings(std::ostream& out, const NamedMatrix& loadings, int numberOfFactors,
+/// Writes the loadings of each variable with its communality and its name, and the explained
+/// variances in percent below a rule. Numbers are rounded to @p decimals.
+void writeLoadings(std::ostream& out, const pelmora::Matrix& loadings, const VariableNames& names,
                    unsigned decimals);
 
 /// Writes one line per case: each score as a table with @p decimals shows it, right aligned in

@@ -192,7 +192,7 @@ void FactorForm::on_ExportRotated_clicked()
 {
     const unsigned decimals = settings::precision();
     exportText(loadingsExtension(m_kind), decimals, [=, this](std::ostream& out) {
-        writeLoadings(out, m_loadings, m_model->numberOfFactors(), decimals);
+        writeLoadings(out, m_loadings.values, m_loadings.names, decimals);
     });
 }
 
