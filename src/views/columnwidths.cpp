@@ -153,14 +153,6 @@ void fitColumnWidths(QTableView* view, const NumberTableModel& model)
     header->setUpdatesEnabled(true);
 }
 
-void fitRowHeights(QTableView* view)
-{
-    QHeaderView* header = view->verticalHeader();
-    for (int row = 0; row < header->count(); ++row)
-        header->resizeSection(row,
-                              std::max(header->sectionSize(row), header->sectionSizeHint(row)));
-}
-
 void setLowRows(QTableView* view)
 {
     QHeaderView* header = view->verticalHeader();

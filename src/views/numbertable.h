@@ -67,9 +67,5 @@ private:
 /// over all rows, without formatting each cell.
 void fitColumnWidths(QTableView* view, const NumberTableModel& model);
 
-/// Makes rows higher whose header label needs it (several lines). Asks every row, so it is for
-/// tables with few of them.
-void fitRowHeights(QTableView* view);
-
 /// Makes all rows as low as the first one's contents allow.
 void setLowRows(QTableView* view);

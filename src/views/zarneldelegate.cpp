@@ -7,7 +7,6 @@
 #include "settings/settings.h"
 #include "views/factormodel.h"
 
-#include <QImage>
 #include <QPainter>
 
 #include <cmath>
@@ -105,8 +104,7 @@ LoadingMark zarnelDelegate::mark(const factorModel& model, int row, int column, 
     const double columnMaximum = model.columnMaximum(column - 1);
     const QString valueText = text(value);
     m_geometry.size = model.diagramSize();
-    m_geometry.textWidth = m_fontMetrics.horizontalAdvance(valueText);
-    m_geometry.textHeight = m_fontMetrics.height();
+    measure(valueText);
 
     LoadingMark mark{valueText,
                      m_geometry.textWidth,
@@ -139,13 +137,9 @@ void zarnelDelegate::rehearse(const factorModel& model)
         m_widest = widestLoading(model);
     if (!m_widest.isValid())
         return;
-    QImage nowhere(1, 1, QImage::Format_RGB32);
-    QPainter painter(&nowhere);
-    QStyleOptionViewItem option;
-    option.rect = nowhere.rect();
-    // The first paint takes over the model's size, only the second one the font that goes with it.
-    paint(&painter, option, m_widest);
-    paint(&painter, option, m_widest);
+    m_geometry.size = model.diagramSize();
+    setFontSize(m_geometry.fontSize());
+    measure(text(model.value(m_widest.row(), m_widest.column())));
 }
 
 QModelIndex zarnelDelegate::widestLoading(const factorModel& model) const
@@ -181,4 +175,10 @@ void zarnelDelegate::setFontSize(int size) const
         return;
     m_font = valueFont(size);
     m_fontMetrics = QFontMetrics(m_font);
+}
+
+void zarnelDelegate::measure(const QString& valueText) const
+{
+    m_geometry.textWidth = m_fontMetrics.horizontalAdvance(valueText);
+    m_geometry.textHeight = m_fontMetrics.height();
 }

@@ -44,8 +44,8 @@ public:
                const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
-    /// Paints the loading with the widest text where nobody sees it, so that the size hints fit
-    /// @p model as it is now, whatever cells were painted last.
+    /// Makes the size hints fit @p model as it is now, as if the loading with the widest text had
+    /// been painted last.
     void rehearse(const factorModel& model);
 
     /// The loading in @p row and @p column of @p model, in a cell at @p corner.
@@ -58,6 +58,7 @@ public:
 
 private:
     void setFontSize(int size) const;
+    void measure(const QString& valueText) const;
     void paintSummary(QPainter* painter, const QRect& cell, const QString& text) const;
     void paintLoading(QPainter* painter, const LoadingMark& mark) const;
     QModelIndex widestLoading(const factorModel& model) const;

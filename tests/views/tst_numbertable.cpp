@@ -97,15 +97,6 @@ private slots:
         table.view.resizeColumnsToContents();
         QCOMPARE(fitted, widths());
     }
-
-    void rowsGrowForLabelsOfSeveralLines()
-    {
-        Table table(matrixOf({{1}, {2}}), {"one", "one\ntwo\nthree\nfour"});
-        const int ordinary = table.view.rowHeight(0);
-        fitRowHeights(&table.view);
-        QCOMPARE(table.view.rowHeight(0), ordinary);
-        QVERIFY(table.view.rowHeight(1) >= 4 * table.view.fontMetrics().height());
-    }
 };
 
 QTEST_MAIN(TestNumberTable)
