@@ -100,7 +100,8 @@ bool AsciiReader::readNumbers(QFile& file)
             m_nameLines.append(trimmedText(p, end));
             return end;
         }
-        return m_numbers->takeLine(p);
+        bool isData = false;
+        return m_numbers->takeLine(p, isData);
     });
 }
 

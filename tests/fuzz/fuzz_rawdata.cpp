@@ -23,7 +23,7 @@ void requireReadBack(const AsciiData& data)
     require(reader.readFile() && reader.checkConsistency() &&
                 back.allocate(reader.lineCount(), reader.columnCount()) && reader.getData(back),
             "the save reads back");
-    require(plaincomparison::sameCells(data.matrix(), back.matrix()), "with the same numbers");
+    require(difference(data.matrix(), back.matrix()).isEmpty(), "with the same numbers");
     require(data.names().texts() == back.names().texts(), "and the same names");
 }
 
@@ -34,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const QString path = fileOf(reinterpret_cast<const char*>(bytes), size);
     AsciiData data;
     const auto outcome = plaincomparison::compare(path, takeReports, data);
-    require(!outcome.difference, outcome.difference);
+    require(outcome.difference.isEmpty(), qPrintable(outcome.difference));
     if (outcome.filled) {
         require(data.forEachCell([](double* cell) { return std::isfinite(*cell); }), "finite");
         requireReadBack(data);

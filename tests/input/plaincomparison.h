@@ -6,9 +6,8 @@
 #include "input/asciidata.h"
 #include "input/asciidatareader.h"
 #include "plain/reader.h"
+#include "support/difference.h"
 
-#include <bit>
-#include <cstdint>
 #include <functional>
 
 /// What the readers make of a file, against what the plain reader makes of it.
@@ -27,16 +26,6 @@ inline bool prepare(AsciiData& data, unsigned rows, unsigned columns)
         *cell = untouched;
         return true;
     });
-}
-
-/// To the bit.
-inline bool sameCells(const pelmora::Matrix& a, const pelmora::Matrix& b)
-{
-    for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < a.columns(); ++j)
-            if (std::bit_cast<std::uint64_t>(a[i][j]) != std::bit_cast<std::uint64_t>(b[i][j]))
-                return false;
-    return a.rows() == b.rows() && a.columns() == b.columns();
 }
 
 inline bool sameLines(const AsciiReader& reader, const plain::TextFile& expected)
@@ -69,8 +58,8 @@ inline bool sameNames(const VariableNames& names, const std::vector<std::string>
 
 struct Outcome
 {
-    const char* difference = nullptr; ///< the first; null without any
-    bool filled = false;              ///< whether every place of the matrix has its number
+    QString difference;  ///< the first; empty without any
+    bool filled = false; ///< whether every place of the matrix has its number
 };
 
 /// Leaves the numbers and names of the file in @p data.
@@ -90,10 +79,12 @@ inline Outcome compare(const QString& path, const TakeReports& takeReports, Asci
         if (!prepare(*each, reader.lineCount(), reader.columnCount()))
             return {"no memory"};
     const bool filled = plain::fillMatrix(expected, plainly.matrix().rowPointers());
-    if (reader.getData(data) != filled || !sameCells(data.matrix(), plainly.matrix()))
+    if (reader.getData(data) != filled)
         return {"other numbers"};
-    return {sameNames(data.names(), plain::variableNames(expected)) ? nullptr : "other names",
-            filled};
+    const QString numbers = difference(data.matrix(), plainly.matrix());
+    if (!numbers.isEmpty())
+        return {numbers};
+    return {sameNames(data.names(), plain::variableNames(expected)) ? "" : "other names", filled};
 }
 
 } // namespace plaincomparison

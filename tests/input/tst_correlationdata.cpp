@@ -7,6 +7,7 @@
 #include "output/correlationtext.h"
 #include "output/numbertext.h"
 #include "settings/settings.h"
+#include "support/difference.h"
 #include "support/readerrecord.h"
 #include "support/samplefile.h"
 #include "support/testsettings.h"
@@ -129,8 +130,9 @@ void TestCorrelationData::exportReadsBack()
                 const double rounded =
                     numbertext::rounded(m[std::min(i, j)][std::max(i, j)], unsigned(precision));
                 // Six digits are written.
-                QVERIFY(std::abs(back.matrix()[i][j] - rounded) <=
-                        0.5000001e-5 * std::abs(rounded));
+                QCOMPARE(
+                    difference(back.matrix()[i][j], rounded, 0.5000001e-5 * std::abs(rounded)),
+                    QString());
             }
         }
     }

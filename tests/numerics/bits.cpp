@@ -8,6 +8,8 @@
 #include "numerics/product.h"
 #include "numericstest.h"
 
+#include <bit>
+#include <cstdint>
 #include <cstdio>
 
 using namespace pelmora;

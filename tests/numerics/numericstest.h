@@ -11,10 +11,8 @@
 #include "numerics/rotation.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <limits>
 #include <random>
 #include <span>
@@ -177,28 +175,6 @@ inline Rotation rotated(const Matrix& loadings, int factors, int method,
     Rotation result(loadings, factors);
     result.rotate(method, routine);
     return result;
-}
-
-/// Equal to the bit, but one NaN is as good as another.
-inline bool sameBits(double a, double b)
-{
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
-           (std::isnan(a) && std::isnan(b));
-}
-
-inline bool sameBits(std::span<const double> a, std::span<const double> b)
-{
-    return std::ranges::equal(a, b, [](double x, double y) { return sameBits(x, y); });
-}
-
-inline bool sameBits(const Matrix& a, const Matrix& b)
-{
-    return a.rows() == b.rows() && a.columns() == b.columns() && sameBits(elements(a), elements(b));
-}
-
-inline bool sameBits(const Rotation& a, const Rotation& b)
-{
-    return sameBits(a.l, b.l) && sameBits(a.b, b.b);
 }
 
 /// With NaN throughout the first columns.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "numericstest.h"
+#include "support/difference.h"
 
 #include <QScopeGuard>
 #include <QTest>
@@ -95,7 +96,8 @@ void TestAllocationFailure::correlateReturnsNullAndLeavesTheData()
         Matrix x = data.clone();
         const Matrix r = failingAfter(successes, [&] { return correlationsOf(x); });
         QCOMPARE(r.isNull(), !Reports::texts.empty());
-        QCOMPARE(sameBits(x, data), r.isNull());
+        if (r.isNull())
+            QCOMPARE(difference(x, data), QString());
     });
 }
 
@@ -112,8 +114,11 @@ void TestAllocationFailure::jacobiLeavesNan()
                 successes, [&] { return jacobi(a.rowPointers(), n, d[0], v.rowPointers()); });
             const bool failed = !Reports::texts.empty();
             QCOMPARE(rotations == 0, failed);
-            QCOMPARE(sameBits(a, given), failed);
-            QCOMPARE(sameBits(d, withNan(d, n)) && sameBits(v, withNan(v, n)), failed);
+            if (!failed)
+                return;
+            QCOMPARE(difference(a, given), QString());
+            QCOMPARE(difference(d, withNan(d, n)), QString());
+            QCOMPARE(difference(v, withNan(v, n)), QString());
         });
     }
 }
@@ -123,7 +128,8 @@ void TestAllocationFailure::rotationLeavesNan()
     Random random(3);
     const Matrix given = randomMatrix(9, 4, random);
     const auto isNan = [&](const Rotation& r) {
-        return sameBits(r.l, withNan(given, 3)) && sameBits(r.b, withNan(r.b, 3));
+        return difference(r.l, withNan(given, 3)).isEmpty() &&
+               difference(r.b, withNan(r.b, 3)).isEmpty();
     };
     failEveryAllocation(2, [&](int successes) {
         Rotation whole(given, 3);

@@ -4,6 +4,7 @@
 #include "numerics/standardisation.h"
 #include "numericstest.h"
 #include "plain/numerics.h"
+#include "support/difference.h"
 
 #include <QTest>
 
@@ -48,19 +49,19 @@ void TestCorrelation::equalsThePlainFormToTheBit()
     Matrix rebuilt = x.clone();
     Standardisation used;
     const Matrix stays = correlations(x, flag == 1, used);
-    QVERIFY(sameBits(x, plainX));
+    QCOMPARE(difference(x, plainX), QString());
     const RawScores raw{.data = &rebuilt, .used = &used, .rowWise = flag == 1};
     Matrix zScores(raw.cases(), raw.variables());
     standardise(raw, 0, raw.cases(), zScores);
     const Matrix r = correlationsOf(x, flag);
-    QVERIFY(sameBits(r, stays));
+    QCOMPARE(difference(r, stays), QString());
     const Matrix plainR = Matrix::adopt(plain::correlate(plainX.rowPointers(), rows, columns, flag),
                                         r.rows(), r.columns());
-    QVERIFY(sameBits(r, plainR));
-    QVERIFY(sameBits(x, plainX));
+    QCOMPARE(difference(r, plainR), QString());
+    QCOMPARE(difference(x, plainX), QString());
     for (int i = 0; i < rows; ++i)
         for (int j = 0; j < columns; ++j)
-            QVERIFY(sameBits(x[i][j], flag == 1 ? zScores[j][i] : zScores[i][j]));
+            QCOMPARE(difference(x[i][j], flag == 1 ? zScores[j][i] : zScores[i][j]), QString());
 }
 
 void TestCorrelation::rowWiseMeansDivideByTheNumberOfVariables()
@@ -70,8 +71,9 @@ void TestCorrelation::rowWiseMeansDivideByTheNumberOfVariables()
     const Matrix r = correlationsOf(x, 1);
     const double variance1 = (4.0 + 1.0 + 0.0) / 3.0;
     const double variance2 = (9.0 + 9.0 + 0.0) / 3.0;
-    QVERIFY(std::fabs(r[0][1] - (6.0 + 3.0) / 3.0 / std::sqrt(variance1 * variance2)) < 1e-15);
-    QVERIFY(std::fabs(x[1][0] - -3.0 / std::sqrt(variance2)) < 1e-15);
+    QCOMPARE(difference(r[0][1], (6.0 + 3.0) / 3.0 / std::sqrt(variance1 * variance2), 1e-15),
+             QString());
+    QCOMPARE(difference(x[1][0], -3.0 / std::sqrt(variance2), 1e-15), QString());
 }
 
 QTEST_GUILESS_MAIN(TestCorrelation)

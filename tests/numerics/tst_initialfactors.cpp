@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "numerics/product.h"
 #include "numericstest.h"
 
 #include <QTest>
@@ -15,7 +14,6 @@ class TestInitialFactors : public QObject
 
 private slots:
     void negativeEigenvaluesCountByMagnitudeOrSign();
-    void scoresAreUncorrelatedWithUnitVariance();
 };
 
 void TestInitialFactors::negativeEigenvaluesCountByMagnitudeOrSign()
@@ -38,23 +36,6 @@ void TestInitialFactors::negativeEigenvaluesCountByMagnitudeOrSign()
     QCOMPARE(variance[3], -6.25);
     QCOMPARE(cumulative[2], 106.25);
     QCOMPARE(cumulative[3], 100.0);
-}
-
-void TestInitialFactors::scoresAreUncorrelatedWithUnitVariance()
-{
-    constexpr int n = 50;
-    Random random(3);
-    Matrix x = randomMatrix(n, 6, random);
-    const Eigenpairs pairs(correlationsOf(x));
-    Matrix b(6, 2);
-    score_coefficients(pairs.d.data(), pairs.v.rowPointers(), 6, 2, b.rowPointers());
-    Matrix scores(n, 2);
-    multiply(scores.rowPointers(), x.rowPointers(), 0, b.rowPointers(), n, 6, 2);
-    Matrix products(2, 2);
-    multiply(products.rowPointers(), scores.rowPointers(), 1, scores.rowPointers(), n, 2, 2);
-    for (int i = 0; i < 2; ++i)
-        for (int j = 0; j < 2; ++j)
-            QVERIFY(std::fabs(products[i][j] / n - (i == j)) < 1e-13);
 }
 
 QTEST_GUILESS_MAIN(TestInitialFactors)

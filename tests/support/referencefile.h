@@ -44,13 +44,14 @@ inline pelmora::Matrix reference(const QString& name)
     return numbersIn(PELMORA_SOURCE_DIR "/tests/data/" + name + ".txt");
 }
 
-/// Between the columns of @p expected and those of l that come nearest to them, reflected or not:
-/// neither the order of rotated factors nor the sign of any factor is determined.
-inline double largestDifference(const pelmora::Matrix& l, const pelmora::Matrix& expected)
+/// Tells of a column of @p expected that has no column of l within @p limit, reflected or not:
+/// neither the order of rotated factors nor the sign of any factor is determined. Empty without
+/// any.
+inline QString loadingDifference(const pelmora::Matrix& l, const pelmora::Matrix& expected,
+                                 double limit)
 {
     if (l.rows() != expected.rows())
-        return HUGE_VAL;
-    double largest = 0.0;
+        return QStringLiteral("%1 and %2 rows").arg(l.rows()).arg(expected.rows());
     for (int k = 0; k < expected.columns(); ++k) {
         double nearest = HUGE_VAL;
         for (int j = 0; j < l.columns(); ++j) {
@@ -62,7 +63,11 @@ inline double largestDifference(const pelmora::Matrix& l, const pelmora::Matrix&
             }
             nearest = std::min({nearest, same, reflected});
         }
-        largest = std::max(largest, nearest);
+        if (!(nearest < limit))
+            return QStringLiteral("column %1 differs by %2, not less than %3")
+                .arg(k)
+                .arg(nearest)
+                .arg(limit);
     }
-    return largest;
+    return {};
 }

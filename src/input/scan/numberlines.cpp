@@ -62,14 +62,15 @@ void NumberLines::continueBehind(std::size_t lines, std::size_t columns)
     m_columnsKnown = true;
 }
 
-const char* NumberLines::takeLine(const char* p)
+const char* NumberLines::takeLine(const char* p, bool& isData)
 {
     const char* start = p;
     Line line = beginLine();
     for (;;) {
         p = takeCommonNumbers(p, line.next, line.limit);
         const ByteClass byteClass = classOf(*p);
-        if (byteClass == ByteClass::Other)
+        isData = byteClass != ByteClass::Other;
+        if (!isData)
             return pieceEnd(p);
         if (!belongsToNumber(byteClass))
             break;

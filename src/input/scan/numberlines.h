@@ -39,8 +39,8 @@ public:
     void continueBehind(std::size_t lines, std::size_t columns);
 
     /// Takes the line at @p p apart and returns its end: the CR, LF or NUL behind it.
-    /// Nothing is kept of a line that holds anything but numbers.
-    const char* takeLine(const char* p);
+    /// @param isData  false when the line holds anything but numbers; nothing of it is kept then
+    const char* takeLine(const char* p, bool& isData);
 
     /// The lines, those that were continued included.
     std::size_t lineCount() const { return m_lines; }
