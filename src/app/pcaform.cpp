@@ -4,7 +4,7 @@
 #include "app/pcaform.h"
 
 #include "app/pelmorasession.h"
-#include "numerics/initialfactors.h"
+#include "numerics/numberoffactors.h"
 #include "output/eigentext.h"
 #include "settings/settings.h"
 #include "ui_pcaform.h"
@@ -16,7 +16,15 @@
 
 #include <QMessageBox>
 
-#include <algorithm>
+namespace {
+
+void showMatrix(QTableView* view, NumberTableModel* model, const pelmora::Matrix& matrix)
+{
+    model->fill(matrix.rowPointers(), matrix.rows(), matrix.columns());
+    fitColumnWidths(view, *model);
+}
+
+} // namespace
 
 PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
     : QWidget(tabWidget)
@@ -60,41 +68,18 @@ PCAForm::~PCAForm()
     releaseSessionData();
 }
 
-void PCAForm::fillEigenvalues(const pelmora::Vector& eigenvalues)
+void PCAForm::fill(const pelmora::Decomposition& decomposition)
 {
-    const int n = eigenvalues.size();
-    m_varianceTable = pelmora::Matrix(3, n);
-    if (m_varianceTable.isNull())
-        return;
-    std::copy_n(eigenvalues.data(), n, m_varianceTable[0]);
-    pelmora::explained_variance(eigenvalues.data(), n, m_varianceTable[1], m_varianceTable[2]);
-
-    m_eigenvalueModel->fill(m_varianceTable.rowPointers(), 3, n);
-    fitColumnWidths(m_ui->tableWidgetEigenwerte, *m_eigenvalueModel);
+    m_varianceTable = pelmora::varianceTable(decomposition.eigenvalues);
+    showMatrix(m_ui->tableWidgetEigenwerte, m_eigenvalueModel, m_varianceTable);
     m_ui->tableWidgetEigenwerte->resizeRowsToContents();
-    presetNumberOfFactors(eigenvalues);
-}
-
-void PCAForm::presetNumberOfFactors(const pelmora::Vector& eigenvalues)
-{
+    showMatrix(m_ui->tableWidgetEigenvektoren, m_eigenvectorModel, decomposition.eigenvectors);
+    showMatrix(m_ui->tableWidgetFaktorladungen, m_loadingModel, decomposition.initialLoadings);
     // The maximum first: a value above it would be cut. With a single variable it pulls the minimum
     // down with it.
-    m_ui->spinBoxNumberOfFactors->setMaximum(eigenvalues.size());
-    m_ui->spinBoxNumberOfFactors->setValue(static_cast<int>(std::count_if(
-        eigenvalues.begin(), eigenvalues.end(), [](double value) { return value >= 1.0; })));
-}
-
-void PCAForm::fillEigenvectors(const pelmora::Matrix& eigenvectors)
-{
-    m_eigenvectorModel->fill(eigenvectors.rowPointers(), eigenvectors.rows(),
-                             eigenvectors.columns());
-    fitColumnWidths(m_ui->tableWidgetEigenvektoren, *m_eigenvectorModel);
-}
-
-void PCAForm::fillInitialLoadings(const pelmora::Matrix& loadings)
-{
-    m_loadingModel->fill(loadings.rowPointers(), loadings.rows(), loadings.columns());
-    fitColumnWidths(m_ui->tableWidgetFaktorladungen, *m_loadingModel);
+    m_ui->spinBoxNumberOfFactors->setMaximum(decomposition.eigenvalues.size());
+    m_ui->spinBoxNumberOfFactors->setValue(
+        pelmora::countEigenvaluesOfAtLeastOne(decomposition.eigenvalues));
 }
 
 void PCAForm::releaseSessionData()
@@ -136,7 +121,7 @@ void PCAForm::on_processButton_clicked()
 void PCAForm::on_pushButtonExportEigenwerte_clicked()
 {
     save(QStringLiteral("*.eig"), [this](std::ostream& out, unsigned decimals) {
-        writeEigenvalues(out, m_session->decomposition().eigenvalues, decimals);
+        writeEigenvalues(out, m_varianceTable, decimals);
     });
 }
 

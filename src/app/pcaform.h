@@ -4,7 +4,7 @@
 #pragma once
 
 #include "input/variablenames.h"
-#include "numerics/owners.h"
+#include "numerics/factoranalysis.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -30,11 +30,9 @@ public:
     PCAForm(PelmoraSession* session, QWidget* tabWidget);
     ~PCAForm() override;
 
-    /// Also presets the number of factors: as many as there are eigenvalues of at least 1.
-    void fillEigenvalues(const pelmora::Vector& eigenvalues);
-    // The matrices belong to the session; their tables are emptied when it goes.
-    void fillEigenvectors(const pelmora::Matrix& eigenvectors);
-    void fillInitialLoadings(const pelmora::Matrix& loadings);
+    /// Shows the session's @p decomposition and presets the number of factors. The matrices stay
+    /// the session's; their tables are emptied when it goes.
+    void fill(const pelmora::Decomposition& decomposition);
 
 public slots:
     void on_variableNamesChanged(QVector<QString> const& names);
@@ -48,7 +46,6 @@ private slots:
 private:
     using Write = std::function<void(std::ostream&, unsigned decimals)>;
     void save(const QString& filter, const Write& write);
-    void presetNumberOfFactors(const pelmora::Vector& eigenvalues);
     void releaseSessionData();
 
     std::unique_ptr<Ui::PCAForm> m_ui;

@@ -156,9 +156,7 @@ void PelmoraSession::showDecomposition(pelmora::Decomposition decomposition)
     qDebug("Used %d jacobi rotations.... ", m_decomposition.rotations);
 
     m_pcaPage = new PCAForm(this, m_pages);
-    m_pcaPage->fillEigenvalues(m_decomposition.eigenvalues);
-    m_pcaPage->fillEigenvectors(m_decomposition.eigenvectors);
-    m_pcaPage->fillInitialLoadings(m_decomposition.initialLoadings);
+    m_pcaPage->fill(m_decomposition);
     m_pages->addPage(m_pcaPage, tr("PCA"), false, place);
     m_pages->setCurrentWidget(m_pcaPage);
 }

@@ -63,8 +63,9 @@ public:
         add(CorrelationFile, m_names.file("cor"), [&](std::ostream& out) {
             writeCorrelations(out, m_analysis.correlations, names, m_decimals);
         });
-        add(EigenvalueFile, m_names.file("eig"),
-            [&](std::ostream& out) { writeEigenvalues(out, found.eigenvalues, m_decimals); });
+        add(EigenvalueFile, m_names.file("eig"), [&](std::ostream& out) {
+            writeEigenvalues(out, pelmora::varianceTable(found.eigenvalues), m_decimals);
+        });
         add(EigenvectorFile, m_names.file("vec"), [&](std::ostream& out) {
             writeFactorMatrix(out, found.eigenvectors, names, m_decimals);
         });

@@ -138,30 +138,6 @@ unsigned AsciiReader::columnCount() const
     return toUnsigned(static_cast<std::size_t>(count));
 }
 
-QStringList AsciiReader::dataLines() const
-{
-    return m_numbers ? readAgain()->m_dataLines : m_dataLines;
-}
-
-QStringList AsciiReader::nameLines() const
-{
-    return m_nameLines;
-}
-
-QStringList AsciiReader::otherLines() const
-{
-    return m_numbers ? readAgain()->m_otherLines : m_otherLines;
-}
-
-std::unique_ptr<AsciiReader> AsciiReader::readAgain() const
-{
-    auto reader = std::make_unique<AsciiReader>(m_fileName, nullptr);
-    QFile file(m_fileName);
-    if (openForReading(file))
-        reader->readText(file);
-    return reader;
-}
-
 bool AsciiReader::convertAgain()
 {
     QFile file(m_fileName);

@@ -40,11 +40,11 @@ public:
     /// Entries in the first data line; 0 without data lines.
     unsigned columnCount() const;
 
-    /// The trimmed lines in file order. A reader that has converted its data lines while reading
-    /// does not keep the text and reads the file once more for the data and other lines.
-    QStringList dataLines() const;
-    QStringList nameLines() const;
-    QStringList otherLines() const;
+    /// The trimmed lines in file order. A reader that converts its data lines while reading keeps
+    /// no text but that of the name lines.
+    QStringList dataLines() const { return m_dataLines; }
+    QStringList nameLines() const { return m_nameLines; }
+    QStringList otherLines() const { return m_otherLines; }
 
     /// 1 for a name line, 2 for an other line, 0 for a data line.
     int classifyLine(const QString& line) const;
@@ -76,7 +76,6 @@ protected:
 private:
     bool readNumbers(QFile& file);
     bool readText(QFile& file);
-    std::unique_ptr<AsciiReader> readAgain() const;
 
     QString m_fileName;
     QStringList m_dataLines;

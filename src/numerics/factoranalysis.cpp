@@ -95,6 +95,17 @@ Decomposition decompose(const Matrix& correlations)
     return result;
 }
 
+Matrix varianceTable(const Vector& eigenvalues)
+{
+    const int n = eigenvalues.size();
+    Matrix table(3, n);
+    if (table.isNull())
+        return table;
+    std::copy_n(eigenvalues.data(), n, table[0]);
+    explained_variance(eigenvalues.data(), n, table[1], table[2]);
+    return table;
+}
+
 Factors extractFactors(const Decomposition& decomposition, int m, int method, const RawScores& raw)
 {
     const int p = decomposition.initialLoadings.rows();

@@ -35,6 +35,10 @@ struct Decomposition
 /// cancelled.
 Decomposition decompose(const Matrix& correlations);
 
+/// 3 x p: the eigenvalues, their shares of the total variance in percent, and the running sums of
+/// these. Null after a reported allocation failure.
+Matrix varianceTable(const Vector& eigenvalues);
+
 /// Loadings, score coefficients and, for raw data, scores of the first factors.
 struct Factors
 {

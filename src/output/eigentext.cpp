@@ -3,7 +3,6 @@
 
 #include "output/eigentext.h"
 
-#include "numerics/initialfactors.h"
 #include "output/numbertext.h"
 
 #include <algorithm>
@@ -25,17 +24,15 @@ std::string quotedName(std::string name)
     return '"' + name + '"';
 }
 
-void writeEigenvalues(std::ostream& out, const pelmora::Vector& eigenvalues, unsigned decimals)
+void writeEigenvalues(std::ostream& out, const pelmora::Matrix& table, unsigned decimals)
 {
-    const int n = eigenvalues.size();
-    pelmora::Vector variance(n);
-    pelmora::Vector cumulative(n);
-    pelmora::explained_variance(eigenvalues.data(), n, variance.data(), cumulative.data());
-
     out << "Factor\tEigenvalue\tVariance\tCumulative\n";
-    for (int j = 0; j < n; ++j)
-        out << j + 1 << '\t' << number(eigenvalues[j], decimals) << '\t'
-            << number(variance[j], decimals) << '\t' << number(cumulative[j], decimals) << '\n';
+    for (int j = 0; j < table.columns(); ++j) {
+        out << j + 1;
+        for (int row = 0; row < table.rows(); ++row)
+            out << '\t' << number(table[row][j], decimals);
+        out << '\n';
+    }
 }
 
 void writeFactorMatrix(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names,

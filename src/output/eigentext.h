@@ -18,7 +18,8 @@ std::string quotedName(std::string name);
 
 /// One line per factor: its number, eigenvalue, share of the variance and cumulative share in
 /// percent.
-void writeEigenvalues(std::ostream& out, const pelmora::Vector& eigenvalues, unsigned decimals);
+/// @param table  what pelmora::varianceTable() returns
+void writeEigenvalues(std::ostream& out, const pelmora::Matrix& table, unsigned decimals);
 
 /// One line per variable: its name and one value per factor. Serves eigenvectors and loadings.
 void writeFactorMatrix(std::ostream& out, const pelmora::Matrix& values, const VariableNames& names,

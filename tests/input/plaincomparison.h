@@ -28,10 +28,10 @@ inline bool prepare(AsciiData& data, unsigned rows, unsigned columns)
     });
 }
 
-inline bool sameLines(const AsciiReader& reader, const plain::TextFile& expected)
+/// What a reader keeps that converts its data lines.
+inline bool sameShape(const AsciiReader& reader, const plain::TextFile& expected)
 {
-    return reader.dataLines() == expected.data && reader.nameLines() == expected.names &&
-           reader.otherLines() == expected.other &&
+    return reader.nameLines() == expected.names &&
            reader.lineCount() == unsigned(expected.data.size()) &&
            reader.columnCount() == unsigned(plain::columnCount(expected));
 }
@@ -70,7 +70,8 @@ inline Outcome compare(const QString& path, const TakeReports& takeReports, Asci
     AsciiDataReader reader(path, nullptr);
     if (!plain::readFile(path, expected) || !text.readFile() || !reader.readFile())
         return {"not read"};
-    if (!sameLines(text, expected) || !sameLines(reader, expected))
+    if (text.dataLines() != expected.data || text.otherLines() != expected.other ||
+        !sameShape(text, expected) || !sameShape(reader, expected))
         return {"other lines"};
     if (!sameFault(reader, plain::firstFault(expected), takeReports))
         return {"another fault"};

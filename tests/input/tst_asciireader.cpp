@@ -57,7 +57,6 @@ private slots:
     void onlyReadErrorsAreReported();
     void piecesAreTheSameForEveryChunkSize();
     void fileThatShrinksWhileRead();
-    void fileThatVanishesAfterReading();
 };
 
 void TestAsciiReader::sortsLines()
@@ -166,19 +165,6 @@ void TestAsciiReader::fileThatShrinksWhileRead()
     QVERIFY(buffer.end() - buffer.begin() < 6 && first > 100);
     QVERIFY(!buffer.next());
     QVERIFY(!buffer.failed());
-}
-
-void TestAsciiReader::fileThatVanishesAfterReading()
-{
-    ReaderRecord record;
-    auto file = std::make_unique<SampleFile>("data.txt", "1 2\n3 4\nx\n");
-    AsciiDataReader reader(file->path(), nullptr);
-    QVERIFY(reader.readFile());
-    file.reset();
-    QCOMPARE(reader.lineCount(), 2U);
-    QVERIFY(reader.checkConsistency());
-    QVERIFY(reader.otherLines().isEmpty());
-    QCOMPARE(record.takeRecord(), QStringList());
 }
 
 QTEST_MAIN(TestAsciiReader)

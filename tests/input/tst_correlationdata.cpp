@@ -130,9 +130,8 @@ void TestCorrelationData::exportReadsBack()
                 const double rounded =
                     numbertext::rounded(m[std::min(i, j)][std::max(i, j)], unsigned(precision));
                 // Six digits are written.
-                QCOMPARE(
-                    difference(back.matrix()[i][j], rounded, 0.5000001e-5 * std::abs(rounded)),
-                    QString());
+                QCOMPARE(difference(back.matrix()[i][j], rounded, 0.5000001e-5 * std::abs(rounded)),
+                         QString());
             }
         }
     }
