@@ -68,7 +68,7 @@ bool allEndWithOne(const Outlines& lines)
     return std::all_of(lines.begin(), lines.end(), [](auto& line) { return line.last == 1.0; });
 }
 
-/// No lines are a square too; getData() refuses it.
+/// True for an empty file as well, a 0 x 0 matrix, which getData() refuses.
 bool isFullSquare(const Outlines& lines)
 {
     const auto order = static_cast<qsizetype>(lines.size());

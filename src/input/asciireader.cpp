@@ -28,7 +28,7 @@ QString trimmedText(const char* first, const char* last)
     return trimmed.size() == text.size() ? text : trimmed.toString();
 }
 
-/// A pipe would be waited for without end, and a folder cannot be read.
+/// Regular files only: reading a pipe could block for ever, and a folder cannot be read.
 bool openForReading(QFile& file)
 {
     return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);

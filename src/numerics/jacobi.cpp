@@ -22,8 +22,8 @@ namespace pelmora {
 
 namespace {
 
-/// From here on blocks of rotations are the quicker form.
-constexpr int manyVariables = 80;
+/// From this order on the blocked sweep is the faster one.
+constexpr int blockedOrder = 80;
 constexpr int sweepLimit = 500;
 
 void fillWithNan(int n, double* d, double** v)
@@ -45,7 +45,8 @@ void start(JacobiState& state, const double* const* a, double* b)
     }
 }
 
-/// Gives a what a sweep in place would have left above its diagonal, and v the vectors as columns.
+/// Copies back what a sweep in place would have left above the diagonal, and the vectors as
+/// columns.
 void finish(const JacobiState& state, double** a, double** v)
 {
     for (int i = 0; i < state.n; ++i) {
@@ -57,7 +58,7 @@ void finish(const JacobiState& state, double** a, double** v)
 
 enum class Outcome { Converged, NotConverged, Cancelled };
 
-/// Sweeps until nothing is left above the diagonal.
+/// Sweeps until all elements above the diagonal are 0.
 template <typename Sweep>
 Outcome iterate(JacobiState& state, double* b, Sweep sweep)
 {
@@ -110,8 +111,8 @@ int jacobi(double** a, int n, double* d, double** v)
     Vector z(n);
     AlignedRows matrix(AlignedRows::padded(n), n);
     AlignedRows vectors(n, n);
-    const bool many = n >= manyVariables;
-    JacobiBlockSweeper blockSweeper(many ? n : 0);
+    const bool blocked = n >= blockedOrder;
+    JacobiBlockSweeper blockSweeper(blocked ? n : 0);
     if (b.isNull() || z.isNull() || matrix.isNull() || vectors.isNull() || blockSweeper.isNull()) {
         fillWithNan(n, d, v);
         return 0;
@@ -119,7 +120,7 @@ int jacobi(double** a, int n, double* d, double** v)
     JacobiState state{n, matrix, vectors, d, z.data()};
     start(state, a, b.data());
     const Outcome outcome =
-        many ? iterate(state, b.data(), [&](JacobiState& s) { return blockSweeper.sweep(s); })
+        blocked ? iterate(state, b.data(), [&](JacobiState& s) { return blockSweeper.sweep(s); })
              : iterate(state, b.data(), sweepSmall);
     finish(state, a, v);
     if (outcome == Outcome::NotConverged)

@@ -18,8 +18,8 @@ void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t
     constexpr std::size_t smallest = 4 * 1024 * 1024; // holds a large page wherever it begins
     if (size < smallest)
         return;
-    // To the ends of the block's own pages: a mapping that is advised in part only is a mapping in
-    // several parts, and such a one cannot grow without being copied.
+    // Whole pages, to both ends: advice for a part splits the mapping, and a split mapping cannot
+    // be enlarged in place.
     const auto pageMask = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE)) - 1;
     const std::uintptr_t begin = reinterpret_cast<std::uintptr_t>(block) & ~pageMask;
     const std::uintptr_t end =

@@ -7,9 +7,9 @@
 
 namespace pelmora {
 
-/// Asks for large pages under a block that is about to be filled: pages of the usual size are
-/// faulted in one by one, which costs a large matrix more time than its numbers do. Only a hint;
-/// does nothing where blocks are small or the system knows no such hint.
+/// Asks for large pages for a block that is about to be filled: the page faults of usual pages cost
+/// a large matrix more time than its computation. Only a hint, without effect for small blocks and
+/// on systems that know none.
 void adviseLargePages(void* block, std::size_t size);
 
 } // namespace pelmora

@@ -20,7 +20,7 @@ std::size_t lengthOf(int low, int high)
     return static_cast<std::size_t>(std::max<std::int64_t>(std::int64_t(high) - low + 1, 0));
 }
 
-/// Null also where the byte count does not fit into the machine's word.
+/// Null also where the number of bytes overflows.
 template <typename T>
 T* allocateBlock(std::size_t count)
 {
@@ -28,8 +28,8 @@ T* allocateBlock(std::size_t count)
                                             : nullptr;
 }
 
-/// Row pointers, with a spare one in front and a first one even where there are no rows: that one
-/// leads to the element block.
+/// Row pointers, with a spare one in front. There is a first one even without rows, since it holds
+/// the address of the element block.
 double** allocateRowPointers(std::size_t rows)
 {
     double** pointers = allocateBlock<double*>(std::max<std::size_t>(rows, 1) + 1);

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// Sums stay in registers: eight rows of the result against two or four of its columns, which share
-// every row of B that is fetched. Each sum runs through k in order, and rows and columns that are
-// left over take the same way one by one.
+// Register tiles: the sums of eight rows and two or four columns of the result stay in registers
+// and share every load of a row of B. Each sum runs through k in order; rows and columns that fill
+// no tile are computed one by one.
 
 #include "numerics/product.h"
 

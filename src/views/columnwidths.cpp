@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The width of a column without a look at each text: rounding keeps the order of the values, so
-// where all digits are equally wide, the widest number of a column is its largest or its smallest
-// (the minus sign) or the word for a value that is not finite. Only these few cells are measured,
-// and texts that differ in their digits only are measured once.
+// The width of a column without measuring each text: rounding is monotonic, so where all digits are
+// equally wide, the widest number of a column is its largest, its smallest (the minus sign) or a
+// value that is not finite. Only these few cells are measured, and texts that differ in their
+// digits only are measured once.
 
 #include "views/numbertable.h"
 

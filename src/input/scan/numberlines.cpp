@@ -114,7 +114,7 @@ void NumberLines::takeEntry(const char* first, const char* last, Line& line)
     ++line.unkept;
 }
 
-/// Room for one more number of the line. Only the first line grows.
+/// Capacity for one more number of the line; only the first line can need it.
 bool NumberLines::makeRoom(Line& line)
 {
     if (line.next != line.limit)
@@ -147,15 +147,15 @@ void NumberLines::endLine(const Line& line, std::size_t length)
     ++m_lines;
 }
 
-/// Room for the whole file if its other lines are about as long as the first.
+/// Capacity for the whole file, if its other lines are about as long as the first.
 void NumberLines::reserveForText(std::size_t lineLength)
 {
     const std::size_t lines = m_textSize / (lineLength + 1);
     resize((lines + lines / 32 + 1) * m_columns);
 }
 
-/// Room for so many more numbers. Where memory ends the block stays as it is, so that there is none
-/// for the matrix either and the user is told.
+/// Capacity for so many more numbers. Without memory the block stays as it is: there is none for
+/// the matrix then either, which is reported.
 bool NumberLines::reserve(std::size_t numbers)
 {
     const std::size_t needed = m_size + numbers;
@@ -189,7 +189,7 @@ Matrix NumberLines::takeMatrix()
 {
     if (!isComplete() || m_lines > INT_MAX || m_columns > INT_MAX)
         return {};
-    // What was taken too much goes back.
+    // The reserve is returned.
     resize(m_size);
     const int rows = static_cast<int>(m_lines);
     const int columns = static_cast<int>(m_columns);

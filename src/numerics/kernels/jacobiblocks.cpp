@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The sweep for large matrices, which lives on touching memory less. The rotations of one ip are
-// found eight at a time, from the few elements where their rows and columns meet. Then a strip of
-// the row of ip is kept in registers while the eight rows run past it, so that a visit costs one
-// load and one store. The eight columns that mirror the rows are written together, a cache line per
-// row, and only below ip: what lies above waits for the end of the sweep, since nobody reads it
-// before. Rotations never read eigenvectors, so these wait until several ip can be applied to a
-// strip of them that stays in the cache.
+// The blocked sweep for large matrices, which saves memory traffic. The rotations of row ip against
+// a block of eight rows are computed first, from the 8 x 8 diagonal block and its part of row ip.
+// They are then applied strip by strip: a strip of row ip stays in registers while the eight rows
+// stream past it, one load and one store each. The mirrored columns are written by blocks too, a
+// cache line per row, and only below ip: the part above is not read before the sweep ends and is
+// copied then. Rotations never read eigenvectors, so those of eight successive ip are buffered and
+// applied to one strip after another while it is in the cache.
 
 #include "numerics/kernels/jacobisweeps.h"
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int blockSize = 8;
 constexpr int stripLength = 32;
-constexpr int heldBack = 8;
+constexpr int bufferSize = 8;
 
 /// A rotation of row ip and row iq.
 struct RowRotation
@@ -38,8 +38,8 @@ struct Strip
     std::ptrdiff_t stride;
 };
 
-/// The rows are more streams than the processor foresees by itself, so each asks for its part of
-/// the next strip. Asking beyond the last row does no harm.
+/// The rows are more streams than the hardware prefetcher follows, so each prefetches its part of
+/// the next strip. Prefetching beyond the last row does no harm.
 template <typename Lanes, int Vectors>
 PELMORA_ALWAYS_INLINE void rotateStrip(const Strip& strip, const RowRotation* rotations, int count)
 {
@@ -118,38 +118,38 @@ struct MirrorBlock
     }
 };
 
-/// The elements where the rows and columns of a block meet, and those of row ip above them.
-struct Crossing
+/// The diagonal block, and its part of row ip.
+struct DiagonalBlock
 {
     double x[blockSize];
     double y[blockSize][blockSize];
 };
 
-void fetchCrossing(AlignedRows& rows, int ip, int block, Crossing& crossing)
+void fetchDiagonalBlock(AlignedRows& rows, int ip, int block, DiagonalBlock& diagonal)
 {
-    std::copy_n(rows[ip] + block, blockSize, crossing.x);
+    std::copy_n(rows[ip] + block, blockSize, diagonal.x);
     for (int i = 0; i < blockSize; ++i)
-        std::copy_n(rows[block + i] + block, blockSize, crossing.y[i]);
+        std::copy_n(rows[block + i] + block, blockSize, diagonal.y[i]);
 }
 
 /// Finds the rotations of ip with the rows from @p first up to @p end, all in one block, and
-/// carries them out on the crossing alone.
-int findRotations(JacobiState& state, int ip, int block, int first, int end, Crossing& crossing,
-                  RowRotation* rotations)
+/// applies them to the diagonal block alone.
+int findRotations(JacobiState& state, int ip, int block, int first, int end,
+                  DiagonalBlock& diagonal, RowRotation* rotations)
 {
     int count = 0;
     for (int iq = first; iq < end; ++iq) {
         const int q = iq - block;
-        const double g = crossing.x[q];
+        const double g = diagonal.x[q];
         if (isDropped(state, g, ip, iq)) {
-            crossing.x[q] = 0.0;
+            diagonal.x[q] = 0.0;
         } else if (std::fabs(g) > state.threshold) {
             const PlaneRotation rotation = startRotation(state, g, ip, iq);
             for (int j = 0; j < blockSize; ++j)
-                rotatePair(crossing.x[j], crossing.y[q][j], rotation);
-            crossing.x[q] = crossing.y[q][q] = 0.0;
+                rotatePair(diagonal.x[j], diagonal.y[q][j], rotation);
+            diagonal.x[q] = diagonal.y[q][q] = 0.0;
             for (int j = 0; j < blockSize; ++j)
-                crossing.y[j][q] = crossing.y[q][j];
+                diagonal.y[j][q] = diagonal.y[q][j];
             rotations[count++] = {rotation, iq};
         }
     }
@@ -165,70 +165,71 @@ int sweepBlock(JacobiState& state, int ip, int block, RowRotation* rotations)
     const int first = std::max(block, ip + 1);
     const int end = std::min(block + blockSize, state.n);
 
-    Crossing crossing;
-    fetchCrossing(rows, ip, block, crossing);
-    const int count = findRotations(state, ip, block, first, end, crossing, rotations);
+    DiagonalBlock diagonal;
+    fetchDiagonalBlock(rows, ip, block, diagonal);
+    const int count = findRotations(state, ip, block, first, end, diagonal, rotations);
     if (count > 0) {
         // Column ip, in which rotations leave zeros, is rotated like any other, and mirrored into
         // row ip. No other column sees it; the lines below and mirrorRow() put both right.
         runKernel<RotateStrips>(rows, ip, rotations, count, 0, width);
         for (int iq = first; iq < block + blockSize; ++iq)
-            std::copy_n(crossing.y[iq - block], blockSize, rows[iq] + block);
+            std::copy_n(diagonal.y[iq - block], blockSize, rows[iq] + block);
         runKernel<MirrorBlock>(rows, block, firstBlock, block);
         runKernel<MirrorBlock>(rows, block, block + blockSize, width);
     }
-    std::copy_n(crossing.x, blockSize, rows[ip] + block);
+    std::copy_n(diagonal.x, blockSize, rows[ip] + block);
     rows[ip][ip] = 0.0;
     return count;
 }
 
 /// The rotations of several successive ip.
-struct HeldRotations
+struct BufferedRotations
 {
-    RowRotation* rotations[heldBack];
-    int count[heldBack];
+    RowRotation* rotations[bufferSize];
+    int count[bufferSize];
     int firstIp = 0;
     int size = 0;
 };
 
-void rotateEigenvectors(JacobiState& state, HeldRotations& held)
+void rotateEigenvectors(JacobiState& state, BufferedRotations& buffered)
 {
     const int width = AlignedRows::padded(state.n);
     for (int column = 0; column < width; column += stripLength)
-        for (int i = 0; i < held.size; ++i)
-            runKernel<RotateStrips>(state.vectors, held.firstIp + i, held.rotations[i],
-                                    held.count[i], column, std::min(column + stripLength, width));
-    held.firstIp += held.size;
-    held.size = 0;
+        for (int i = 0; i < buffered.size; ++i)
+            runKernel<RotateStrips>(state.vectors, buffered.firstIp + i, buffered.rotations[i],
+                                    buffered.count[i], column,
+                                    std::min(column + stripLength, width));
+    buffered.firstIp += buffered.size;
+    buffered.size = 0;
 }
 
 } // namespace
 
 JacobiBlockSweeper::JacobiBlockSweeper(int n)
-    : m_rotations(heldBack, n * int(sizeof(RowRotation) / sizeof(double)))
+    : m_rotations(bufferSize, n * int(sizeof(RowRotation) / sizeof(double)))
 {
 }
 
 bool JacobiBlockSweeper::sweep(JacobiState& state)
 {
     constexpr double operationsPerElement = 1.5; // of both rows and eigenvectors
-    HeldRotations held;
-    for (int i = 0; i < heldBack; ++i)
-        held.rotations[i] = reinterpret_cast<RowRotation*>(m_rotations[i]);
+    BufferedRotations buffered;
+    for (int i = 0; i < bufferSize; ++i)
+        buffered.rotations[i] = reinterpret_cast<RowRotation*>(m_rotations[i]);
 
     for (int ip = 0; ip < state.n - 1; ++ip) {
-        RowRotation* rotations = held.rotations[held.size];
+        RowRotation* rotations = buffered.rotations[buffered.size];
         int count = 0;
         for (int block = (ip + 1) / blockSize * blockSize; block < state.n; block += blockSize)
             count += sweepBlock(state, ip, block, rotations + count);
         mirrorRow(state, ip, ip + 1);
-        held.count[held.size++] = count;
-        if (held.size == heldBack)
-            rotateEigenvectors(state, held);
+        buffered.count[buffered.size++] = count;
+        if (buffered.size == bufferSize)
+            rotateEigenvectors(state, buffered);
         if (!state.meter.goOnAfter(operationsPerElement * count * state.n))
             return false;
     }
-    rotateEigenvectors(state, held);
+    rotateEigenvectors(state, buffered);
     mirrorLowerTriangle(state);
     return true;
 }

@@ -5,8 +5,8 @@
 // transposed, a rotation changes whole rows, two of each. The column that mirrors the row of iq
 // must be written back at once, since the next rotations of ip read it in their rows, but only
 // below ip; the column of ip follows when ip is done, and what lies above at the end of the sweep.
-// A rotation waits for a long chain of divisions and roots. The eigenvectors therefore stay one
-// rotation behind: they are the work that is there to be done meanwhile.
+// Computing a rotation is a long dependency chain of divisions and roots. The eigenvectors
+// therefore stay one rotation behind: applying the last one to them fills the wait.
 
 #include "numerics/kernels/jacobisweeps.h"
 

@@ -56,7 +56,7 @@ PELMORA_ALWAYS_INLINE double rotationTangent(double g, double h)
     if (isNegligible(g, h))
         return g / h;
     const double theta = h / (2.0 * g);
-    // The sign is as good as random, so it is not left to a branch; -0 counts as positive.
+    // No branch: the sign is unpredictable. -0 counts as positive.
     const double sign = std::copysign(1.0, theta + 0.0);
     return sign / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
 }
@@ -69,7 +69,8 @@ PELMORA_ALWAYS_INLINE PlaneRotation planeRotation(double t)
     return {s, s / (1.0 + c)};
 }
 
-/// Makes element g vanish: moves the diagonal and counts, and returns what the rows then take.
+/// The rotation that makes element g zero. Updates the diagonal and the count; the rows are left to
+/// the caller.
 PELMORA_ALWAYS_INLINE PlaneRotation startRotation(JacobiState& state, double g, int ip, int iq)
 {
     const double t = rotationTangent(g, state.d[iq] - state.d[ip]);
@@ -122,7 +123,7 @@ PELMORA_ALWAYS_INLINE void mirrorLowerTriangle(JacobiState& state)
 /// One sweep, rotation by rotation.
 void sweepByRows(JacobiState& state);
 
-/// One sweep, several rotations in one visit of a row.
+/// One sweep by blocks of rotations.
 class JacobiBlockSweeper
 {
 public:

@@ -18,7 +18,7 @@
 
 namespace pelmora {
 
-/// Doubles that are worked on together. Never an argument or a result by value: how these are
+/// SIMD vectors of doubles. Never an argument or a result by value: how these are
 /// passed depends on the processor that a function is compiled for.
 typedef double TwoLanes __attribute__((vector_size(16)));
 typedef double FourLanes __attribute__((vector_size(32)));
@@ -45,7 +45,7 @@ PELMORA_ALWAYS_INLINE const LanesInMemory<Lanes>& lanesAt(const double* values)
     return *reinterpret_cast<const LanesInMemory<Lanes>*>(values);
 }
 
-/// Turns rows into columns.
+/// Transposes in place.
 PELMORA_ALWAYS_INLINE void transpose(TwoLanes (&square)[2])
 {
     const TwoLanes a = square[0];
@@ -80,8 +80,8 @@ __attribute__((target("avx2"))) auto runWide(Arguments&&... arguments)
 /// Runs a kernel, a class with a static function template run<Lanes>(), with the lanes that the
 /// processor is good at: four with AVX2, two anywhere else. Both give the same bits, for lanes
 /// never change the order of a sum. Plain loops may ignore Lanes and still gain from being compiled
-/// for the processor. There is no kernel for FMA, on purpose, nor for anything that
-/// brings it along: a fused multiplication and addition rounds once instead of twice.
+/// for the processor. No kernel is compiled for FMA, on purpose, nor for an instruction set that
+/// includes it: a fused multiply-add rounds once instead of twice.
 template <typename Kernel, typename... Arguments>
 auto runKernel(Arguments&&... arguments)
 {

@@ -20,13 +20,13 @@ struct PairSums
 
 /// (b - q) and (b + q) are the tangents of twice the stationary angles.
 ///
-/// A rotation by phi makes u' = u cos(2 phi) + 2 w sin(2 phi) and w' = w cos(2 phi) - u/2 sin(2
-/// phi). Since x^4 + y^4 = ((x^2 + y^2)^2 + u^2) / 2, the pair's criterion is, but for a constant,
+/// A rotation by phi makes u' = u cos(2 phi) + 2 w sin(2 phi), w' = w cos(2 phi) - sin(2 phi) u
+/// / 2. Since x^4 + y^4 = ((x^2 + y^2)^2 + u^2) / 2, the pair's criterion is, but for a constant,
 ///
 ///     (sum(u'^2) / p - sum(u')^2 / p^2) / 2
 ///
 /// and du' / d(2 phi) = 2 w', so it is stationary where D' = sum(u') sum(w') / p - sum(u' w') = 0.
-/// Put in, D' = D cos(4 phi) - F/2 sin(4 phi) with D = A W / p - C and
+/// Put in, D' = D cos(4 phi) - sin(4 phi) F / 2 with D = A W / p - C and
 /// F = A^2 / (2 p) - 2 W^2 / p + E. With b = -F / (2 D) that is tan(4 phi) = -1 / b, the equation
 /// of Kaiser (1958), whose v is 2 w here; and t = tan(2 phi) is a root of t^2 - 2 b t - 1 = 0. The
 /// two roots have the product -1, so the angles are 45 degrees apart.
@@ -42,7 +42,7 @@ inline PairTangents pairTangents(const PairSums& sums, int p)
     const double D = A * W / p - C;
     const double b = 0.5 * (-(A * A / (2.0 * p) + -2.0 * W * W / p + E) / D);
     // The quotient is -1; it is NaN for D == 0 and makes both angles so. A finished pair stays put
-    // since b - q cancels to exactly 0, so no stabler form will do.
+    // since b - q cancels to exactly 0, on purpose: a numerically stabler form would not.
     return {b, std::sqrt(b * b - -D / D)};
 }
 

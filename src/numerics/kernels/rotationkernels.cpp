@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // The loops of the rotations over contiguous columns. The four sums of a pair are the lanes of one
-// vector (or of two): the terms of some rows are formed side by side, transposed,
-// and added one row after the other. Such a chain of additions waits more than it works, so the hot
-// loop carries two of them, and forms the sums of the next pairs from the columns that it rotates.
+// vector (or of two): the terms of some rows are formed side by side, transposed, and added one row
+// after the other. Such a chain of additions is bound by their latency, so the hot loop carries two
+// of them, and forms the sums of the next pairs from the columns that it rotates.
 
 #include "numerics/kernels/rotationkernels.h"
 

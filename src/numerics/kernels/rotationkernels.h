@@ -49,7 +49,7 @@ Criteria criteriaAndSums(const double* x, const double* y, int p, PairSums& sums
 
 void rotateColumns(double* x, double* y, int p, ColumnRotation rotation);
 
-/// Leaves the columns alone and writes the turned ones to @p newX and @p newY; returns their
+/// Leaves the columns alone and writes the rotated ones to @p newX and @p newY; returns their
 /// criteria.
 Criteria rotateColumnsInto(const double* x, const double* y, int p, ColumnRotation rotation,
                            double* newX, double* newY);

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // How the sweeps use the loops of rotationkernels.cpp. The pairs keep the order of the plain loops,
-// but for one liberty that no bit can tell: pair (j + 1, k - 1) touches nothing that pair (j, k)
-// does, so the plain sweep takes two factors j and j + 1 against the others at once, the second one
-// column behind the first.
+// with one exception, which changes no bit: pairs (j, k) and (j + 1, k - 1) have no column in
+// common, so the plain sweep rotates factors j and j + 1 against the others in one pass, the second
+// one column behind the first.
 
 #include "numerics/kernels/rotationsweeps.h"
 
