@@ -121,7 +121,7 @@ int jacobi(double** a, int n, double* d, double** v)
     start(state, a, b.data());
     const Outcome outcome =
         blocked ? iterate(state, b.data(), [&](JacobiState& s) { return blockSweeper.sweep(s); })
-             : iterate(state, b.data(), sweepSmall);
+                : iterate(state, b.data(), sweepSmall);
     finish(state, a, v);
     if (outcome == Outcome::NotConverged)
         reportError("Error: no convergence in finding eigen values.");

@@ -20,8 +20,11 @@ struct PairSums
 
 /// (b - q) and (b + q) are the tangents of twice the stationary angles.
 ///
-/// A rotation by phi makes u' = u cos(2 phi) + 2 w sin(2 phi), w' = w cos(2 phi) - sin(2 phi) u
-/// / 2. Since x^4 + y^4 = ((x^2 + y^2)^2 + u^2) / 2, the pair's criterion is, but for a constant,
+/// A rotation by phi makes
+///
+///     u' = u cos(2 phi) + 2 w sin(2 phi),  w' = w cos(2 phi) - u / 2 sin(2 phi)
+///
+/// Since x^4 + y^4 = ((x^2 + y^2)^2 + u^2) / 2, the pair's criterion is, but for a constant,
 ///
 ///     (sum(u'^2) / p - sum(u')^2 / p^2) / 2
 ///
