@@ -10,12 +10,12 @@
 #include "numerics/errorreport.h"
 #include "numerics/kernels/alignedrows.h"
 #include "numerics/kernels/jacobisweeps.h"
+#include "numerics/kernels/nan.h"
 #include "numerics/owners.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <utility>
 
 namespace pelmora {
@@ -25,14 +25,6 @@ namespace {
 /// From this order on the blocked sweep is the faster one.
 constexpr int blockedOrder = 80;
 constexpr int sweepLimit = 500;
-
-void fillWithNan(int n, double* d, double** v)
-{
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    std::fill_n(d, n, nan);
-    for (int i = 0; i < n; ++i)
-        std::fill_n(v[i], n, nan);
-}
 
 /// Only the upper triangle of a is read. The vectors start as its diagonal, on purpose.
 void start(JacobiState& state, const double* const* a, double* b)
@@ -114,7 +106,8 @@ int jacobi(double** a, int n, double* d, double** v)
     const bool blocked = n >= blockedOrder;
     JacobiBlockSweeper blockSweeper(blocked ? n : 0);
     if (b.isNull() || z.isNull() || matrix.isNull() || vectors.isNull() || blockSweeper.isNull()) {
-        fillWithNan(n, d, v);
+        fillWithNan(&d, 1, n);
+        fillWithNan(v, n, n);
         return 0;
     }
     JacobiState state{n, matrix, vectors, d, z.data()};

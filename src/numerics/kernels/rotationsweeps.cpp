@@ -8,6 +8,7 @@
 
 #include "numerics/kernels/rotationsweeps.h"
 
+#include "numerics/kernels/nan.h"
 #include "numerics/rotation.h"
 
 #include <algorithm>
@@ -39,12 +40,6 @@ void scatter(const AlignedRows& from, int columns, int p, double** to)
             to[i][j] = from[j][i];
 }
 
-void fillWithNan(double** matrix, int columns, int p)
-{
-    for (int i = 0; i < p; ++i)
-        std::fill_n(matrix[i], columns, std::numeric_limits<double>::quiet_NaN());
-}
-
 } // namespace
 
 RotationSweeps::RotationSweeps(double** l, double** b, int m, int p, int method)
@@ -59,8 +54,8 @@ RotationSweeps::RotationSweeps(double** l, double** b, int m, int p, int method)
     , m_work(3, p)
 {
     if (isNull()) {
-        fillWithNan(l, m, p);
-        fillWithNan(b, m, p);
+        fillWithNan(l, p, m);
+        fillWithNan(b, p, m);
         return;
     }
     gather(l, m + 1, p, m_l);
