@@ -27,7 +27,7 @@ std::string scoreText(double x, unsigned decimals)
 void writeLoadings(std::ostream& out, const pelmora::Matrix& loadings, const VariableNames& names,
                    unsigned decimals)
 {
-    const LoadingSums sums = loadingSums(loadings, loadings.columns());
+    const LoadingSums sums = loadingSums(loadings);
     for (int i = 0; i < loadings.rows(); ++i) {
         const auto variable = static_cast<std::size_t>(i);
         for (int j = 0; j < loadings.columns(); ++j)

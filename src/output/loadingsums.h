@@ -15,5 +15,4 @@ struct LoadingSums
     double totalVariance = 0.0;            ///< of all factors together
 };
 
-/// Sums up the first @p numberOfFactors columns of @p loadings.
-LoadingSums loadingSums(const pelmora::Matrix& loadings, int numberOfFactors);
+LoadingSums loadingSums(const pelmora::Matrix& loadings);
