@@ -11,11 +11,27 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+namespace {
+
+QtMessageHandler showMessage = nullptr;
+
+/// What the toolkit says about a place without display and desktop would hide what matters.
+void leaveOutNoise(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    const bool ofThePlace =
+        text.contains(QLatin1String("propagateSizeHints")) || text.contains(QLatin1String("XDG_"));
+    if (type != QtDebugMsg && !ofThePlace)
+        showMessage(type, context, text);
+}
+
+} // namespace
+
 /// Usage: pelmora_tour [output folder [folder of the samples]]
 int main(int argc, char* argv[])
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    showMessage = qInstallMessageHandler(leaveOutNoise);
     QApplication application(argc, argv);
     nameApplication();
     installErrorBox();
