@@ -9,6 +9,7 @@ function(pelmora_set_options target)
         -ffp-contract=off)
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    pelmora_harden(${target})
     if(PELMORA_WARNINGS_AS_ERRORS)
         target_compile_options(${target} PRIVATE -Werror)
     endif()

@@ -35,7 +35,7 @@ endfunction()
 
 pelmora_add_bits(bits_optimised -O3)
 pelmora_add_bits(bits_portable -O3 -DPELMORA_NO_WIDE_KERNELS)
-pelmora_add_bits(bits_unoptimised -O0)
+pelmora_add_bits(bits_unoptimised -O0 -U_FORTIFY_SOURCE)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     find_program(PELMORA_OTHER_COMPILER NAMES clang++ clang++-14 clang++-18)

@@ -21,4 +21,9 @@ cpack --preset package
 
 say "Checking the package"
 lintian --fail-on error,warning --suppress-tags-from-file packaging/debian/lintian-exceptions build/package/package/*.deb
+unpacked=$PWD/build/package/unpacked
+rm -rf "$unpacked"
+dpkg-deb --extract build/package/package/*.deb "$unpacked"
+programs=$(find "$unpacked" -path '*/bin/*' -type f -exec sh -c 'head -c 4 "$1" | grep -q ELF' - {} \; -print | paste -sd ';')
+cmake -D "PROGRAMS=$programs" -D HARDENED=ON -P cmake/CheckPrograms.cmake
 ls -l build/package/package/*.deb
