@@ -7,6 +7,7 @@
 #include "batch/analysis.h"
 #include "batch/analysisjson.h"
 #include "batch/console.h"
+#include "batch/diagrams.h"
 #include "batch/filemessages.h"
 #include "batch/help.h"
 #include "batch/jsonwriter.h"
@@ -16,6 +17,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <optional>
 #include <ostream>
 
 namespace batch {
@@ -67,6 +69,8 @@ private:
             endWith(NotFinite);
         if (writeTextFiles(analysis, m_options) > 0)
             endWith(CannotWrite);
+        if (m_options.writes(DiagramFiles) && writeDiagrams(analysis, m_options) > 0)
+            endWith(CannotWrite);
         if (!m_options.quiet)
             tell(analysis.file, summary(analysis));
     }
@@ -111,6 +115,9 @@ int analyse(const QStringList& arguments)
         fault = outputConflict(options);
     if (!fault.isEmpty())
         return refuseUsage(QStringLiteral("analyse"), fault);
+    std::optional<DrawingRoom> drawingRoom;
+    if (options.wantsDiagrams())
+        drawingRoom.emplace(options.shownPrecision());
     return Run(options).run();
 }
 

@@ -3,13 +3,12 @@
 
 #include "batch/console.h"
 
-#include "output/filewriter.h"
-
 #include <QCoreApplication>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <ostream>
 
 namespace batch {
 
@@ -51,12 +50,20 @@ int refuseUsage(const QString& command, const QString& text)
     return WrongUsage;
 }
 
-bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write)
+bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write,
+                 LineEnds lineEnds)
 {
-    const auto failure = writeFile(path, write);
+    const auto failure = writeFile(path, write, lineEnds);
     if (failure)
         tell(path, tr("Cannot write: %1").arg(failure->reason));
     return !failure;
+}
+
+bool writeOutput(const QString& path, const QByteArray& bytes)
+{
+    return writeOutput(
+        path, [&](std::ostream& out) { out.write(bytes.constData(), bytes.size()); },
+        LineEnds::AsWritten);
 }
 
 int writeToStandardOutput(std::string_view bytes)

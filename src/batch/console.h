@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include "output/filewriter.h"
+
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -33,7 +36,10 @@ void tell(const QString& file, const QString& text);
 int refuseUsage(const QString& command, const QString& text);
 
 /// Writes a file whole or not at all; a failure is told, and false returned.
-bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write);
+bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write,
+                 LineEnds lineEnds = LineEnds::OfThePlatform);
+/// The same for bytes that stay as they are.
+bool writeOutput(const QString& path, const QByteArray& bytes);
 
 /// Writes @p bytes to standard output, to the last one; a failure is told. An ExitCode.
 int writeToStandardOutput(std::string_view bytes);

@@ -5,6 +5,8 @@
 
 #include <QSettings>
 
+#include <optional>
+
 namespace settings {
 
 namespace {
@@ -18,8 +20,13 @@ const auto lastCorrelationExportKey = QStringLiteral("Export/LastCorrExportLocat
 
 constexpr int defaultPrecision = 2;
 
+/// In place of the store.
+std::optional<unsigned> decimalsInstead;
+
 QVariant value(const QString& key, const QVariant& absent = QVariant())
 {
+    if (decimalsInstead)
+        return key == precisionKey ? QVariant(*decimalsInstead) : absent;
     return QSettings().value(key, absent);
 }
 
@@ -29,6 +36,11 @@ void setValue(const QString& key, const QVariant& value)
 }
 
 } // namespace
+
+void ignoreStore(unsigned decimals)
+{
+    decimalsInstead = decimals;
+}
 
 unsigned precision()
 {

@@ -9,6 +9,10 @@
 /// next read; nothing is cached.
 namespace settings {
 
+/// From now on nothing is read from the store: numbers have so many decimals, and everything else
+/// is as if nothing had been stored. For programs that are to give everybody the same.
+void ignoreStore(unsigned decimals);
+
 /// Decimals that numbers are shown and written with: the stored value, 9 where it is larger or
 /// negative, 2 where there is none.
 unsigned precision();

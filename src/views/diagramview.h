@@ -5,6 +5,8 @@
 
 #include <QImage>
 
+#include <iosfwd>
+
 class QTableView;
 class factorModel;
 
@@ -20,3 +22,6 @@ void layOutWholeDiagram(QTableView* view, factorModel* model);
 /// Picture of the whole diagram with its headers, for the screen's pixel ratio; null when the
 /// memory does not suffice or the user cancels.
 QImage diagramImage(factorModel* model);
+
+/// Writes @p image as files and exports hold it. Throws std::bad_alloc.
+void writePng(std::ostream& out, const QImage& image);

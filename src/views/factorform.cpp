@@ -19,7 +19,6 @@
 #include "views/waitcursor.h"
 
 #include <QAction>
-#include <QBuffer>
 #include <QClipboard>
 #include <QDateTime>
 #include <QFileInfo>
@@ -28,24 +27,7 @@
 #include <QMessageBox>
 
 #include <cstdlib>
-#include <new>
 #include <ostream>
-
-namespace {
-
-void writePng(std::ostream& out, const QImage& image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    // The same picture in a third of the time and half the bytes.
-    const bool gray = image.allGray();
-    if (!(gray ? image.convertToFormat(QImage::Format_Grayscale8) : image).save(&buffer, "PNG"))
-        throw std::bad_alloc();
-    out.write(bytes.constData(), bytes.size());
-}
-
-} // namespace
 
 FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* session)
     : QWidget(parent)
