@@ -12,6 +12,7 @@
 #include "batch/help.h"
 #include "batch/jsonwriter.h"
 #include "batch/outputnames.h"
+#include "batch/report.h"
 #include "batch/textfiles.h"
 
 #include <QCoreApplication>
@@ -19,6 +20,8 @@
 #include <algorithm>
 #include <optional>
 #include <ostream>
+
+#include <unistd.h>
 
 namespace batch {
 
@@ -33,7 +36,11 @@ QString tr(const char* text)
 class Run
 {
 public:
-    explicit Run(const AnalyseOptions& options) : m_options(options) {}
+    explicit Run(const AnalyseOptions& options) : m_options(options)
+    {
+        if (!options.report.isEmpty())
+            m_report.emplace(options);
+    }
 
     int run()
     {
@@ -46,12 +53,15 @@ public:
             m_json.endArray();
         if (!m_options.json.isEmpty())
             writeJson();
+        if (m_report && !m_report->write())
+            endWith(CannotWrite);
         return m_exitCode;
     }
 
 private:
     void analyse(const QString& file)
     {
+        showProgress(file);
         FileMessages messages(file);
         Analysis analysis;
         const bool refused = !analyseFile(file, m_options, messages, analysis);
@@ -59,6 +69,8 @@ private:
             endWith(InputRefused);
         else
             write(analysis, messages);
+        if (m_report)
+            m_report->add(analysis, messages, refused);
         if (!m_options.json.isEmpty())
             writeAnalysis(m_json, analysis, messages, refused, m_options.writes(AdequacyFile));
     }
@@ -73,6 +85,15 @@ private:
             endWith(CannotWrite);
         if (!m_options.quiet)
             tell(analysis.file, summary(analysis));
+    }
+
+    /// People wait; scripts do not look.
+    void showProgress(const QString& file)
+    {
+        ++m_started;
+        if (m_options.quiet || m_options.files.size() < 2 || isatty(STDERR_FILENO) == 0)
+            return;
+        tell(file, tr("%1 of %2").arg(m_started).arg(m_options.files.size()));
     }
 
     QString summary(const Analysis& analysis) const
@@ -98,6 +119,8 @@ private:
 
     const AnalyseOptions& m_options;
     JsonWriter m_json;
+    std::optional<Report> m_report;
+    qsizetype m_started = 0;
     int m_exitCode = Success;
 };
 

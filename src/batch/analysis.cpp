@@ -4,6 +4,7 @@
 #include "batch/analysis.h"
 
 #include "batch/analyseoptions.h"
+#include "batch/correlationcomments.h"
 #include "batch/filemessages.h"
 #include "input/correlationdata.h"
 #include "input/loading.h"
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <span>
 
 namespace batch {
@@ -108,10 +110,17 @@ private:
     bool takeCorrelations()
     {
         CorrelationData correlations;
-        if (!loadCorrelationMatrix(m_analysis.file, correlations))
+        QStringList otherLines;
+        if (!loadCorrelationMatrix(m_analysis.file, correlations, &otherLines))
             return false;
-        m_analysis.cases = m_options.cases;
         m_analysis.correlations = std::move(correlations.matrix());
+        auto comments = readCorrelationComments(otherLines, m_analysis.variables());
+        m_analysis.means = std::move(comments.means);
+        m_analysis.standardDeviations = std::move(comments.standardDeviations);
+        m_analysis.cases = m_options.cases;
+        constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
+        if (m_options.cases == 0 && comments.cases)
+            m_analysis.cases = static_cast<std::int64_t>(std::min(*comments.cases, most));
         takeNames(correlations);
         return true;
     }
@@ -135,7 +144,7 @@ private:
         const pelmora::Decomposition& found = m_analysis.decomposition;
         if (m_options.wantsAdequacy() || m_options.rule == FactorRule::Parallel)
             m_analysis.adequacy =
-                pelmora::adequacyResults(m_analysis.correlations, found, m_analysis.cases);
+                pelmora::adequacyResults(m_analysis.correlations, found, casesForAdequacy());
         switch (m_options.rule) {
         case FactorRule::Given:
             m_analysis.factors = m_options.factors;
@@ -152,6 +161,13 @@ private:
                refuse(tr("%1 factors asked for, but there are %2 variables")
                           .arg(m_analysis.factors)
                           .arg(m_analysis.variables()));
+    }
+
+    /// Beyond a billion or two nothing depends on their number any more.
+    int casesForAdequacy() const
+    {
+        constexpr int most = std::numeric_limits<int>::max();
+        return static_cast<int>(std::min<std::int64_t>(m_analysis.cases, most));
     }
 
     bool refuse(const QString& text)

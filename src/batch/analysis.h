@@ -10,6 +10,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -34,7 +35,7 @@ struct Analysis
     QByteArray sha256; ///< hexadecimal; empty where the file cannot be read
     bool ofCorrelations = false;
     bool rowWise = false;
-    int cases = 0; ///< 0: unknown
+    std::int64_t cases = 0; ///< 0: unknown
     VariableNames names;
     std::vector<double> means; ///< empty: unknown
     std::vector<double> standardDeviations;

@@ -25,7 +25,7 @@ void JsonWriter::value(double number)
     append(number);
 }
 
-void JsonWriter::value(int number)
+void JsonWriter::value(std::int64_t number)
 {
     startValue();
     m_text += std::to_string(number);

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,7 +28,8 @@ public:
     JsonWriter& key(std::string_view name);
 
     void value(double number);
-    void value(int number);
+    void value(int number) { value(std::int64_t{number}); }
+    void value(std::int64_t number);
     void value(bool truth);
     void value(const QString& text);
     void null();

@@ -44,11 +44,14 @@ bool loadDataMatrix(const QString& path, AsciiData& data)
     return reader.getData(data) || refuse(tr("Error in data matrix."));
 }
 
-bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations)
+bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations,
+                           QStringList* otherLines)
 {
     AsciiCorrReader reader(path, nullptr);
     if (!reader.read() || !reader.checkConsistency())
         return false;
+    if (otherLines)
+        *otherLines = reader.otherLines();
     if (!correlations.allocate(reader.lineCount(), reader.lineCount()))
         return refuse(tooLarge());
     if (!reader.getData(correlations))

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class AsciiData;
 class CorrelationData;
@@ -12,4 +13,6 @@ class CorrelationData;
 /// input/readerreport.h, or without a word where the file cannot be opened or the user
 /// cancels.
 bool loadDataMatrix(const QString& path, AsciiData& data);
-bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations);
+/// @param otherLines  receives what the reader set aside, where it is wanted
+bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations,
+                           QStringList* otherLines = nullptr);

@@ -27,21 +27,6 @@ int rowCount(const TableGrid& grid)
     return static_cast<int>(grid.rowHeadings.size());
 }
 
-QString markdownText(const QString& text)
-{
-    QString escaped;
-    QChar previous;
-    for (const QChar c : text) {
-        // Two points or hyphens would become typographers' ones; one alone is left readable.
-        const bool doubled = c == previous && (c == u'-' || c == u'.');
-        if (doubled || QStringLiteral("\\|`*_[]<>&$~^@#'\"").contains(c))
-            escaped += u'\\';
-        escaped += c;
-        previous = c;
-    }
-    return escaped;
-}
-
 QString latexCharacter(QChar c, QChar previous)
 {
     switch (c.unicode()) {
@@ -121,8 +106,14 @@ QString tabSeparatedTable(const TableGrid& grid)
 
 QString htmlTable(const TableGrid& grid)
 {
-    QString table = QStringLiteral("<html><head><meta http-equiv=\"content-type\" "
-                                   "content=\"text/html; charset=utf-8\"></head><body>\n<table>\n");
+    return QStringLiteral("<html><head><meta http-equiv=\"content-type\" "
+                          "content=\"text/html; charset=utf-8\"></head><body>\n") +
+           htmlTableElement(grid) + QStringLiteral("</body></html>\n");
+}
+
+QString htmlTableElement(const TableGrid& grid)
+{
+    QString table = QStringLiteral("<table>\n");
     for (int row = -1; row < rowCount(grid); ++row) {
         const QString tag = row < 0 ? QStringLiteral("th") : QStringLiteral("td");
         table += QStringLiteral("<tr>");
@@ -134,7 +125,22 @@ QString htmlTable(const TableGrid& grid)
         });
         table += QStringLiteral("</tr>\n");
     }
-    return table + QStringLiteral("</table>\n</body></html>\n");
+    return table + QStringLiteral("</table>\n");
+}
+
+QString markdownText(const QString& text)
+{
+    QString escaped;
+    QChar previous;
+    for (const QChar c : text) {
+        // Two points or hyphens would become typographers' ones; one alone is left readable.
+        const bool doubled = c == previous && (c == u'-' || c == u'.');
+        if (doubled || QStringLiteral("\\|`*_[]<>&$~^@#'\"").contains(c))
+            escaped += u'\\';
+        escaped += c;
+        previous = c;
+    }
+    return escaped;
 }
 
 QString markdownTable(const TableGrid& grid)

@@ -31,9 +31,13 @@ QString tabSeparatedTable(const TableGrid& grid);
 
 /// A document of one plain table, as word processors take it.
 QString htmlTable(const TableGrid& grid);
+/// The table alone, for documents that hold more.
+QString htmlTableElement(const TableGrid& grid);
 
 /// A pipe table. Whatever a reader of Markdown might take for markup is escaped.
 QString markdownTable(const TableGrid& grid);
+/// @p text with all of that escaped.
+QString markdownText(const QString& text);
 
 /// A tabular environment with the rules of the package booktabs. Letters beyond ASCII stay as they
 /// are: LaTeX reads UTF-8, but a few of them are in no font of its oldest encoding.

@@ -71,20 +71,6 @@ void paint(QPainter& painter, const DiagramDrawing& drawing)
         paintTexts(painter, texts);
 }
 
-/// The writer stamps the time of the run. Another one takes its place in as many bytes, so that the
-/// file's table of positions stays true.
-void setCreationDate(QByteArray& pdf, const QDateTime& created)
-{
-    const QByteArray key("/CreationDate (D:");
-    const auto begin = pdf.indexOf(key);
-    const auto end = pdf.indexOf(')', begin) + 1;
-    if (begin < 0 || end <= begin)
-        return;
-    QByteArray stamp = key + created.toUTC().toString(u"yyyyMMddHHmmss").toLatin1() + "Z)";
-    if (stamp.size() <= end - begin)
-        pdf.replace(begin, end - begin, stamp.leftJustified(end - begin));
-}
-
 QString fontFamilies(const QFont& font)
 {
     return QStringLiteral("'%1', Helvetica, Arial, sans-serif").arg(QFontInfo(font).family());
@@ -228,4 +214,16 @@ QByteArray svgFile(const DiagramDrawing& drawing, const QString& title)
     QByteArray file;
     SvgWriter(&file).write(drawing, title);
     return file;
+}
+
+void setCreationDate(QByteArray& pdf, const QDateTime& created)
+{
+    const QByteArray key("/CreationDate (D:");
+    const auto begin = pdf.indexOf(key);
+    const auto end = pdf.indexOf(')', begin) + 1;
+    if (begin < 0 || end <= begin)
+        return;
+    QByteArray stamp = key + created.toUTC().toString(u"yyyyMMddHHmmss").toLatin1() + "Z)";
+    if (stamp.size() <= end - begin)
+        pdf.replace(begin, end - begin, stamp.leftJustified(end - begin));
 }
