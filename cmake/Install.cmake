@@ -43,13 +43,14 @@ function(pelmora_compress file name)
 endfunction()
 
 # The manual pages name the version.
-foreach(page pelmora pelmora-convert pelmora-large)
+foreach(page pelmora pelmora-batch pelmora-convert pelmora-large)
     configure_file(${packaging}/${page}.1 ${CMAKE_BINARY_DIR}/packaging/${page}.1 @ONLY)
     pelmora_compress(${CMAKE_BINARY_DIR}/packaging/${page}.1 ${page}.1.gz)
     install(FILES ${CMAKE_BINARY_DIR}/packaging/${page}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
-foreach(program pelmora-convert pelmora-large)
+foreach(program pelmora-batch pelmora-convert pelmora-large)
     install(FILES ${packaging}/${program}.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
         RENAME ${program})
 endforeach()
+install(FILES ${PROJECT_SOURCE_DIR}/docs/analysis.schema.json DESTINATION ${pelmora_datadir})

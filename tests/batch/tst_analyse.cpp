@@ -48,6 +48,8 @@ private slots:
     void tellsAdequacy();
     void tellsWhatCannotBeWritten();
     void givesTheSameBytesAgain();
+    void reportsTellWhatWasFound();
+    void drawsWithoutADisplayAndNeedsNoneOtherwise();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -102,12 +104,12 @@ void TestAnalyse::exportsEqualTheProgram_data()
     QTest::addColumn<QString>("shown");
     QTest::addColumn<int>("factors");
     QTest::newRow("data") << QStringList{"box-problem.txt", "--write",
-                                         "cor,eig,vec,ini,loadings,scores"}
+                                         "cor,eig,vec,ini,loadings,scores,diagram"}
                           << "box-problem"
                           << "box" << 3;
     QTest::newRow("correlations") << QStringList{"harman-24-psychological-tests.cor",
                                                  "--correlations", "--write",
-                                                 "eig,vec,ini,loadings"}
+                                                 "eig,vec,ini,loadings,diagram"}
                                   << "harman-24-psychological-tests"
                                   << "harman" << 5;
 }
@@ -130,7 +132,10 @@ void TestAnalyse::exportsEqualTheProgram()
                                     {"%1.ini", "%2-pca.ini"},
                                     {"%1_%3.okt", "%2-pelmora-%3-loadings.txt"},
                                     {"%1_%3.max", "%2-varimax-%3-loadings.txt"},
-                                    {"%1_%3.ini", "%2-initial-%3-loadings.txt"}};
+                                    {"%1_%3.ini", "%2-initial-%3-loadings.txt"},
+                                    {"%1_%3_okt.png", "%2-pelmora-%3-image.png"},
+                                    {"%1_%3_max.png", "%2-varimax-%3-image.png"},
+                                    {"%1_%3_ini.png", "%2-initial-%3-image.png"}};
     if (shown == u"box")
         pairs.insert({{"%1_%3.fok", "%2-pelmora-%3-scores.txt"},
                       {"%1_%3.fma", "%2-varimax-%3-scores.txt"},
@@ -143,7 +148,8 @@ void TestAnalyse::exportsEqualTheProgram()
                 .replace("%2", shown)
                 .replace("%3", QString::number(factors));
         };
-        QCOMPARE(contentOf(path(name(pair.key()))), contentOf(tour.filePath(name(pair.value()))));
+        const QByteArray expected = contentOf(tour.filePath(name(pair.value())));
+        QVERIFY2(contentOf(path(name(pair.key()))) == expected, qPrintable(name(pair.key())));
     }
     QCOMPARE(entries().size(), 2 + pairs.size());
 }
@@ -331,6 +337,47 @@ void TestAnalyse::givesTheSameBytesAgain()
     QCOMPARE(first.code, 0);
     QCOMPARE(first.out, second.out);
     QCOMPARE(pairs, contentOf(path("box-problem_3_okt.pairs")));
+}
+
+void TestAnalyse::reportsTellWhatWasFound()
+{
+    put("pipes.txt", "1 2\n2 1\n3 5\n4 4\nvname 1 a|b<c>\nvname 2 \xfc\n");
+    const QStringList files = {"box-problem.txt", "missing.txt", "pipes.txt", "--quiet"};
+    QMap<QString, QByteArray> reports;
+    for (int round = 0; round < 2; ++round)
+        for (const QString& name : {"r.md", "r.html", "r.pdf"}) {
+            QCOMPARE(run(files + QStringList{"--report", name}).code, 1);
+            const QByteArray report = contentOf(path(name));
+            QVERIFY(report.size() > 1000);
+            QVERIFY2(round == 0 || report == reports[name], qPrintable(name + " differs"));
+            reports[name] = report;
+        }
+    QVERIFY(reports["r.pdf"].contains("/CreationDate (D:19700101000000Z)"));
+    for (const char* part :
+         {"## box-problem.txt", "Data of 20 variables, 20 cases.", "Cannot open file missing.txt",
+          "| 1 | 12.61 | 63.07 | 63.07 |", "Factors taken: 3", "(r-1_okt.png)", "| a\\|b\\<c\\> |",
+          "Computed by Pelmora 1.0."})
+        QVERIFY2(reports["r.md"].contains(part), part);
+    QVERIFY(reports["r.html"].contains("<td align=\"left\">a|b&lt;c&gt;</td>"));
+    QVERIFY(entries().contains("r-3_ini.png"));
+    // Nothing but the report was asked for.
+    QVERIFY(entries().filter("okt").filter("box-problem").isEmpty());
+}
+
+void TestAnalyse::drawsWithoutADisplayAndNeedsNoneOtherwise()
+{
+    // Without its platforms nothing can be drawn.
+    qputenv("QT_QPA_PLATFORM_PLUGIN_PATH", "/nowhere");
+    qputenv("QT_PLUGIN_PATH", "/nowhere");
+    const Outcome text = run({"box-problem.txt", "--json", "-", "--write", "scores,adequacy"});
+    qunsetenv("QT_QPA_PLATFORM_PLUGIN_PATH");
+    qunsetenv("QT_PLUGIN_PATH");
+    QCOMPARE(text.code, 0);
+    for (const char* kind : {"pdf", "svg"})
+        QCOMPARE(run({"box-problem.txt", "--diagram", kind, "--rotation", "varimax"}).code, 0);
+    QVERIFY(contentOf(path("box-problem_3_max.svg")).contains("<circle"));
+    QVERIFY(contentOf(path("box-problem_3_max.pdf")).startsWith("%PDF"));
+    QVERIFY(!entries().contains("box-problem_3.max"));
 }
 
 QTEST_GUILESS_MAIN(TestAnalyse)
