@@ -77,7 +77,7 @@ private:
 
     void write(const Analysis& analysis, const FileMessages& messages)
     {
-        if (messages.hasNumericalFault() || !analysis.isFinite())
+        if (messages.hasNumericalFault() || !analysis.isFinite(!m_options.json.isEmpty()))
             endWith(NotFinite);
         if (writeTextFiles(analysis, m_options) > 0)
             endWith(CannotWrite);

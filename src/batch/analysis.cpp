@@ -155,6 +155,8 @@ private:
         case FactorRule::Parallel:
             if (const pelmora::Obstacle& obstacle = m_analysis.adequacy->toComparison)
                 return refuse(adequacytext::parallelAnalysis(obstacle, nullptr, found.eigenvalues));
+            if (!m_analysis.adequacy->random)
+                return false; // memory did not suffice
             m_analysis.factors = std::max(m_analysis.adequacy->byQuantile, 1);
         }
         return m_analysis.factors <= m_analysis.variables() ||
@@ -208,15 +210,15 @@ private:
 
 } // namespace
 
-bool Analysis::isFinite() const
+bool Analysis::isFinite(bool withCoefficients) const
 {
     const pelmora::Vector& eigenvalues = decomposition.eigenvalues;
     if (!allFinite(correlations) || !allFinite({eigenvalues.begin(), eigenvalues.end()}) ||
         !allFinite(decomposition.initialLoadings))
         return false;
-    return std::all_of(pages.begin(), pages.end(), [](const AnalysedPage& page) {
-        return allFinite(page.loadings.values) && allFinite(page.coefficients) &&
-               allFinite(page.scores);
+    return std::all_of(pages.begin(), pages.end(), [&](const AnalysedPage& page) {
+        return allFinite(page.loadings.values) && allFinite(page.scores) &&
+               (!withCoefficients || allFinite(page.coefficients));
     });
 }
 

@@ -46,8 +46,9 @@ struct Analysis
     std::optional<pelmora::AdequacyResults> adequacy; ///< only where it is asked for
 
     int variables() const { return correlations.rows(); }
-    /// Whether every number that is asked for is one.
-    bool isFinite() const;
+    /// Whether every number is one. Coefficients grow beyond all bounds where a matrix is singular
+    /// and count only @p withCoefficients.
+    bool isFinite(bool withCoefficients) const;
 };
 
 /// Reads and analyses @p file. False where it is refused: @p messages then hold why, and of @p

@@ -345,7 +345,7 @@ void TestAnalyse::reportsTellWhatWasFound()
     const QStringList files = {"box-problem.txt", "missing.txt", "pipes.txt", "--quiet"};
     QMap<QString, QByteArray> reports;
     for (int round = 0; round < 2; ++round)
-        for (const QString& name : {"r.md", "r.html", "r.pdf"}) {
+        for (const QString& name : QStringList{"r.md", "r.html", "r.pdf"}) {
             QCOMPARE(run(files + QStringList{"--report", name}).code, 1);
             const QByteArray report = contentOf(path(name));
             QVERIFY(report.size() > 1000);
