@@ -8,7 +8,7 @@
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev libgl-dev libreadstat-dev"
     [wayland]="qt6-wayland"
-    [test]="xvfb openbox"
+    [test]="xvfb openbox python3-jsonschema"
     [format]="clang-format-14"
     [lint]="clang-tidy-14 shellcheck"
     [fuzz]="clang libclang-rt-dev"
