@@ -29,6 +29,7 @@ install(FILES ${PROJECT_BINARY_DIR}/docs/pelmora-user-guide.pdf ${PROJECT_SOURCE
 install(FILES
         ${PROJECT_SOURCE_DIR}/data/box-problem.txt
         ${PROJECT_SOURCE_DIR}/data/harman-24-psychological-tests.cor
+        ${PROJECT_SOURCE_DIR}/data/survey.csv
         ${PROJECT_SOURCE_DIR}/data/README.md
     DESTINATION ${pelmora_datadir}/samples)
 

@@ -17,7 +17,7 @@ output=build/pictures
 samples=/tmp/samples
 rm -rf "$output" "$samples"
 mkdir -p "$samples"
-cp data/*.txt data/*.cor "$samples"
+cp data/*.txt data/*.cor data/*.csv "$samples"
 QT_QPA_PLATFORM=offscreen "build/$preset/tools/pelmora_tour" "$output" "$samples" >"$output.log" 2>&1 || {
     cat "$output.log"
     exit 1

@@ -60,13 +60,6 @@ void Tour::visitConverter()
 {
     say(QStringLiteral("Convert survey.csv"));
     const QString file = m_samples.absoluteFilePath(QStringLiteral("survey.csv"));
-    QFile table(file);
-    expect(table.open(QIODevice::WriteOnly) &&
-               table.write("Name;Height;Weight;Income\n"
-                           "\"Ada\";1,682;64,500;2,750\n\"Ben\";1,810;NA;1,980\n"
-                           "\"Cem\";1,744;81,250;3,120\n\"Dora\";1,595;58,125;2,410\n") > 0,
-           QStringLiteral("%1 was written").arg(file));
-    table.close();
     ConverterWindow converter(nullptr);
     converter.resize(960, 620);
     converter.show();
