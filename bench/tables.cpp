@@ -9,7 +9,7 @@
 #include "views/dataform.h"
 #include "views/factorform.h"
 #include "views/numbertable.h"
-#include "views/sessionface.h"
+#include "views/fakesession.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -24,17 +24,6 @@
 #include <random>
 
 namespace {
-
-class Session : public SessionFace
-{
-public:
-    QString inputFile() const override { return {}; }
-    QString outputStem() const override { return QStringLiteral("/bench"); }
-    QVector<QString> variableNames() const override { return {}; }
-    void setVariableNames(const QVector<QString>&) override {}
-    bool isRowWise() const override { return false; }
-    void setRowWise(bool) override {}
-};
 
 pelmora::Matrix normalNumbers(int rows, int columns, double deviation)
 {
@@ -101,7 +90,7 @@ void rawDataPageFast(benchmark::State& state)
 {
     const int rows = static_cast<int>(state.range(0));
     const int columns = static_cast<int>(state.range(1));
-    Session session;
+    FakeSession session;
     AsciiData data;
     data.setMatrix(normalNumbers(rows, columns, 1.0));
     data.setNames(VariableNames(static_cast<std::size_t>(std::max(rows, columns))));
@@ -116,7 +105,7 @@ void zoomStep(benchmark::State& state)
 {
     const int variables = static_cast<int>(state.range(0));
     const int factors = static_cast<int>(state.range(1));
-    Session session;
+    FakeSession session;
     FactorForm page(nullptr, factors, &session);
     page.setUp({normalNumbers(variables, factors, 0.3),
                 VariableNames(static_cast<std::size_t>(variables))},
