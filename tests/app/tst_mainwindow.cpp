@@ -24,13 +24,16 @@ class TestMainWindow : public AppTest
 private slots:
     void menusAreAsAgreed();
     void aCancelledDialogLeavesEverything();
+    void aFileBecomesASession_data();
     void aFileBecomesASession();
+    void aBadFileIsRememberedAndItsFolderOpened_data();
     void aBadFileIsRememberedAndItsFolderOpened();
     void theStatusBarTellsWhatCame();
     void firstStepsFillTheEmptyPane();
     void longPathsLeaveFileNamesReadable();
     void closingATabKeepsTheOthers();
     void keysCloseWhatIsInFront();
+    void togglesAreStoredAtOnce_data();
     void togglesAreStoredAtOnce();
     void precisionIsStoredOnlyWhenAccepted();
     void helpIsShown();
@@ -81,59 +84,79 @@ void TestMainWindow::aCancelledDialogLeavesEverything()
     QCOMPARE(sessions()->count(), 0);
 }
 
+void TestMainWindow::aFileBecomesASession_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QStringList>("pageTitles");
+    QTest::addRow("raw data") << "actionDataASCII" << fourCases << "Open data file in ASCII format"
+                              << "Read data matrix, 4 rows and 3 cols"
+                              << QStringList({"Raw data", "Correlations", "PCA"});
+    QTest::addRow("correlations") << "actionCorrASCII" << QByteArray("1\n0.3 1\n0.2 0.4 1\n")
+                                  << "Open correlations file in ASCII format"
+                                  << "Read correlation matrix, 3 rows and 3 cols"
+                                  << QStringList({"Correlations", "PCA"});
+}
+
 void TestMainWindow::aFileBecomesASession()
 {
-    for (const auto& [action, text, caption, status, pageTitles] :
-         {std::tuple("actionDataASCII", fourCases, "Open data file in ASCII format",
-                     "Read data matrix, 4 rows and 3 cols",
-                     QStringList({"Raw data", "Correlations", "PCA"})),
-          {"actionCorrASCII",
-           "1\n0.3 1\n0.2 0.4 1\n",
-           "Open correlations file in ASCII format",
-           "Read correlation matrix, 3 rows and 3 cols",
-           {"Correlations", "PCA"}}}) {
-        const SampleFile file("R&D data.txt", text);
-        read(action, file.path());
-        QCOMPARE(location(action), file.path());
-        // As from a menu entry without a tip.
-        QStatusTipEvent noTip{QString()};
-        QCoreApplication::sendEvent(m_window.get(), &noTip);
-        QCOMPARE(m_window->statusBar()->currentMessage(), status);
-        QVERIFY(!QGuiApplication::overrideCursor());
-        QCOMPARE(sessions()->count(), 1);
-        QCOMPARE(sessions()->tabText(0), QString(file.path()).replace("&", "&&"));
-        QCOMPARE(titles(pages()), pageTitles);
-        QCOMPARE(pages()->currentIndex(), pages()->count() - 1);
-        for (int i = 0; i < pages()->count(); ++i)
-            QCOMPARE(pages()->tabBar()->tabButton(i, QTabBar::RightSide)->size(), QSize(0, 0));
+    QFETCH(QString, action);
+    QFETCH(QByteArray, text);
+    QFETCH(QString, caption);
+    const SampleFile file("R&D data.txt", text);
+    read(action, file.path());
+    QCOMPARE(location(action), file.path());
+    // As from a menu entry without a tip.
+    QStatusTipEvent noTip{QString()};
+    QCoreApplication::sendEvent(m_window.get(), &noTip);
+    QTEST(m_window->statusBar()->currentMessage(), "status");
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(sessions()->count(), 1);
+    QCOMPARE(sessions()->tabText(0), QString(file.path()).replace("&", "&&"));
+    QTEST(titles(pages()), "pageTitles");
+    QCOMPARE(pages()->currentIndex(), pages()->count() - 1);
+    for (int i = 0; i < pages()->count(); ++i)
+        QCOMPARE(pages()->tabBar()->tabButton(i, QTabBar::RightSide)->size(), QSize(0, 0));
 
-        m_dialogs.takeRecord();
-        m_dialogs.cancelFile();
-        trigger(action);
-        QCOMPARE(m_dialogs.takeRecord().value(0), caption + ('|' + file.path() + "|Any Files *"));
-        emit sessions()->tabCloseRequested(0);
-    }
+    m_dialogs.takeRecord();
+    m_dialogs.cancelFile();
+    trigger(action);
+    QCOMPARE(m_dialogs.takeRecord().value(0), caption + '|' + file.path() + "|Any Files *");
+}
+
+void TestMainWindow::aBadFileIsRememberedAndItsFolderOpened_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QStringList>("boxes");
+    QTest::addRow("a short line")
+        << "actionDataASCII" << QByteArray("1 2 3\n4 5 6\n7 8\n")
+        << QStringList("Error while reading data|"
+                       "Line 2 has different number of entries compared to line no.1.");
+    QTest::addRow("no data") << "actionDataASCII" << QByteArray("")
+                             << QStringList("Error|Error in data matrix.");
+    QTest::addRow("not symmetric")
+        << "actionCorrASCII" << QByteArray("1 0.5\n0.4 1\n")
+        << QStringList(
+               "Error|Correlation matrix is not symmetric! Not symmetric at row 1 and col 2");
+    QTest::addRow("no correlations")
+        << "actionCorrASCII" << QByteArray("") << QStringList("Error|Error in correlation matrix.");
 }
 
 void TestMainWindow::aBadFileIsRememberedAndItsFolderOpened()
 {
-    for (const auto& [action, text, box] :
-         {std::tuple("actionDataASCII", "1 2 3\n4 5 6\n7 8\n",
-                     "Error while reading data|"
-                     "Line 2 has different number of entries compared to line no.1."),
-          {"actionDataASCII", "", "Error|Error in data matrix."},
-          {"actionCorrASCII", "1 0.5\n0.4 1\n",
-           "Error|Correlation matrix is not symmetric! Not symmetric at row 1 and col 2"},
-          {"actionCorrASCII", "", "Error|Error in correlation matrix."}}) {
-        const SampleFile file("bad.txt", text);
-        read(action, file.path());
-        QCOMPARE(m_dialogs.takeRecord().mid(1), QStringList(box));
-        QCOMPARE(sessions()->count(), 0);
-        QVERIFY(m_window->statusBar()->currentMessage().isEmpty());
-        QVERIFY(!QGuiApplication::overrideCursor());
-        QCOMPARE(std::exchange(m_opened, {}), QStringList(file.folder()));
-        QCOMPARE(location(action), file.path());
-    }
+    QFETCH(QString, action);
+    QFETCH(QByteArray, text);
+    const SampleFile file("bad.txt", text);
+    read(action, file.path());
+    QTEST(m_dialogs.takeRecord().mid(1), "boxes");
+    QCOMPARE(sessions()->count(), 0);
+    QVERIFY(m_window->statusBar()->currentMessage().isEmpty());
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(m_opened, QStringList(file.folder()));
+    QCOMPARE(location(action), file.path());
 }
 
 void TestMainWindow::theStatusBarTellsWhatCame()
@@ -234,17 +257,25 @@ void TestMainWindow::keysCloseWhatIsInFront()
     }
 }
 
+void TestMainWindow::togglesAreStoredAtOnce_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("key");
+    QTest::addRow("welcome screen") << "actionShow_splash"
+                                    << "ShowSplash";
+    QTest::addRow("folder") << "actionOpen_explorer_when_closing"
+                            << "OpenFolderAfterClosing";
+}
+
 void TestMainWindow::togglesAreStoredAtOnce()
 {
-    for (const auto& [name, key] :
-         {std::pair{"actionShow_splash", "ShowSplash"},
-          {"actionOpen_explorer_when_closing", "OpenFolderAfterClosing"}}) {
-        QVERIFY(action(name)->isChecked());
-        trigger(name);
-        QCOMPARE(m_settings.get(key), QVariant(false));
-        m_window = std::make_unique<MainWindow>(nullptr);
-        QVERIFY(!action(name)->isChecked());
-    }
+    QFETCH(QString, name);
+    QFETCH(QString, key);
+    QVERIFY(action(name)->isChecked());
+    trigger(name);
+    QCOMPARE(m_settings.get(key), QVariant(false));
+    m_window = std::make_unique<MainWindow>(nullptr);
+    QVERIFY(!action(name)->isChecked());
 }
 
 void TestMainWindow::precisionIsStoredOnlyWhenAccepted()

@@ -19,7 +19,6 @@
 #include <bit>
 #include <cfloat>
 #include <memory>
-#include <tuple>
 
 namespace {
 
@@ -135,32 +134,39 @@ private slots:
         QVERIFY(told->isHidden());
     }
 
+    void editedNamesReachEveryPage_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<QString>("name"); // what a file can hold is what is seen
+        QTest::addRow("raw data, cancelled") << "DataForm" << int(QDialog::Rejected) << "3";
+        QTest::addRow("raw data") << "DataForm" << int(QDialog::Accepted) << "\u00c5 ?";
+        QTest::addRow("correlations") << "CorrForm" << int(QDialog::Accepted) << "\u00c5 ?";
+    }
+
     void editedNamesReachEveryPage()
     {
-        Pages pages;
-        const std::pair<const QWidget&, bool> pageAndAccepted[] = {
-            {pages.raw, false}, {pages.raw, true}, {pages.correlations, true}};
-        for (const auto& [page, accepted] : pageAndAccepted) {
-            pages.session->setVariableNames({"1", "B", "3"});
-            QStringList asked;
-            m_dialogs.onDialog([&asked, result = int(accepted)](QDialog* dialog) {
-                const auto* names = dialog->findChild<QTableWidget*>();
-                asked = shown(names);
-                names->item(2, 0)->setText("\u00c5 \u0151");
-                dialog->done(result);
-            });
-            click(page, "pushButtonEditNames");
-            QCOMPARE(m_dialogs.takeRecord(), QStringList("Please enter names of variables"));
-            QCOMPARE(asked, QStringList({"|Name of variable:", "1|1", "2|B", "3|3"}));
-            // What a file can hold is what is seen.
-            const QString name = accepted ? "\u00c5 ?" : "3";
-            QCOMPARE(pages.data().first(), "|1|B|" + name);
-            QCOMPARE(pages.statistics().last(), name + statisticsAsRead.last().mid(1));
-            QCOMPARE(pages.table("tableCorrelations").last(), name + "|0.00|0.50|1.00");
-            emit pages.session->variableNamesChanged({"too", "few"}); // of the other orientation
-            QCOMPARE(pages.table("tableCorrelations").last(), name + "|0.00|0.50|1.00");
-            QCOMPARE(pages.data().first(), "|1|B|" + name);
-        }
+        QFETCH(QString, page);
+        QFETCH(int, result);
+        QFETCH(QString, name);
+        const Pages pages;
+        QStringList asked;
+        m_dialogs.onDialog([&](QDialog* dialog) {
+            const auto* names = dialog->findChild<QTableWidget*>();
+            asked = shown(names);
+            names->item(2, 0)->setText("\u00c5 \u0151");
+            dialog->done(result);
+        });
+        click(*pages.findChild<QWidget*>(page), "pushButtonEditNames");
+        QCOMPARE(m_dialogs.takeRecord(), QStringList("Please enter names of variables"));
+        QCOMPARE(asked, QStringList({"|Name of variable:", "1|1", "2|B", "3|3"}));
+        QCOMPARE(pages.statistics().last(), name + statisticsAsRead.last().mid(1));
+        const auto seen = [&] {
+            return pages.data().first() + pages.table("tableCorrelations").last();
+        };
+        QCOMPARE(seen(), "|1|B|" + name + name + "|0.00|0.50|1.00");
+        emit pages.session->variableNamesChanged({"too", "few"}); // of the other orientation
+        QCOMPARE(seen(), "|1|B|" + name + name + "|0.00|0.50|1.00");
     }
 
     void savedDataReadBackExactly()
@@ -212,31 +218,45 @@ private slots:
         QCOMPARE(m_settings.get(m_locationKey).toString(), path);
     }
 
-    void savesThatFailAreTold()
+    void savesThatFailAreTold_data()
     {
-        const Pages pages;
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("path"); // empty: the dialog is cancelled
+        QTest::addColumn<QString>("last");
         const QString full = "Error while trying to save file|Cannot write to file!|/dev/full: No "
                              "space left on device";
         const QString nowhere = "/nowhere/<b>a</b>";
         const QString reason = '|' + nowhere + ": No such file or directory";
-        const QString stem = pages.session->outputStem();
-        // Without a path the dialog is cancelled.
-        const std::tuple<const QWidget*, QString, QString> pagePathAndLast[] = {
-            {&pages.raw, "/dev/full", full},
-            {&pages.raw, nowhere, "Error opening file|Cannot open file " + nowhere + reason},
-            {&pages.raw, "", "Please select folder and filename to save values|" + stem + "|*.dat"},
-            {&pages.correlations, "/dev/full", full},
-            {&pages.correlations, nowhere, "Error|Cannot open file for writing." + reason},
-            {&pages.correlations, "",
-             "Export correlation matrix|" + stem + "|Correlation Files (*.cor)"}};
-        for (const auto& [page, path, last] : pagePathAndLast) {
-            if (path.isEmpty())
-                m_dialogs.cancelFile();
-            else
-                m_dialogs.chooseFile(path);
-            click(*page, "pushButtonSave");
-            QCOMPARE(m_dialogs.takeRecord().last(), last);
-        }
+        const QString stem = FakeSession().outputStem();
+        QTest::addRow("raw data, full") << "DataForm"
+                                        << "/dev/full" << full;
+        QTest::addRow("raw data, nowhere")
+            << "DataForm" << nowhere << "Error opening file|Cannot open file " + nowhere + reason;
+        QTest::addRow("raw data, cancelled")
+            << "DataForm"
+            << ""
+            << "Please select folder and filename to save values|" + stem + "|*.dat";
+        QTest::addRow("correlations, full") << "CorrForm"
+                                            << "/dev/full" << full;
+        QTest::addRow("correlations, nowhere")
+            << "CorrForm" << nowhere << "Error|Cannot open file for writing." + reason;
+        QTest::addRow("correlations, cancelled")
+            << "CorrForm"
+            << ""
+            << "Export correlation matrix|" + stem + "|Correlation Files (*.cor)";
+    }
+
+    void savesThatFailAreTold()
+    {
+        QFETCH(QString, page);
+        QFETCH(QString, path);
+        const Pages pages;
+        if (path.isEmpty())
+            m_dialogs.cancelFile();
+        else
+            m_dialogs.chooseFile(path);
+        click(*pages.findChild<QWidget*>(page), "pushButtonSave");
+        QTEST(m_dialogs.takeRecord().last(), "last");
         QVERIFY(!m_settings.has(m_locationKey));
     }
 
