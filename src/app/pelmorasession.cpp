@@ -172,10 +172,18 @@ int PelmoraSession::removePage(QWidget* page)
 
 void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
 {
-    static constexpr RotationPage pages[] = {
-        {PelmoraBit, pelmora::PelmoraRotation, FactorKind::Pelmora, QT_TR_NOOP("Pelmora[%1]")},
-        {VarimaxBit, pelmora::VarimaxRotation, FactorKind::Varimax, QT_TR_NOOP("Varimax[%1]")},
-        {UnrotatedBit, pelmora::NoRotation, FactorKind::Initial, QT_TR_NOOP("Initial[%1]")}};
+    static constexpr RotationPage pages[] = {{.bit = PelmoraBit,
+                                              .method = pelmora::PelmoraRotation,
+                                              .kind = FactorKind::Pelmora,
+                                              .tabTitle = QT_TR_NOOP("Pelmora[%1]")},
+                                             {.bit = VarimaxBit,
+                                              .method = pelmora::VarimaxRotation,
+                                              .kind = FactorKind::Varimax,
+                                              .tabTitle = QT_TR_NOOP("Varimax[%1]")},
+                                             {.bit = UnrotatedBit,
+                                              .method = pelmora::NoRotation,
+                                              .kind = FactorKind::Initial,
+                                              .tabTitle = QT_TR_NOOP("Initial[%1]")}};
     QStringList added;
     for (const RotationPage& page : pages) {
         if ((kinds & page.bit) && !LongWork::isCancelled())
