@@ -79,7 +79,7 @@ void tableFast(benchmark::State& state)
         auto table = std::make_unique<QTableView>();
         auto* model = new NumberTableModel(table.get());
         table->setModel(model);
-        model->fill(values.rowPointers(), rows, columns);
+        model->fill(values);
         fitColumnWidths(table.get(), *model);
         return table;
     });

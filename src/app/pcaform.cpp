@@ -20,7 +20,7 @@ namespace {
 
 void showMatrix(QTableView* view, NumberTableModel* model, const pelmora::Matrix& matrix)
 {
-    model->fill(matrix.rowPointers(), matrix.rows(), matrix.columns());
+    model->fill(matrix);
     fitColumnWidths(view, *model);
 }
 
@@ -144,12 +144,12 @@ void PCAForm::save(const QString& filter, const Write& write)
     if (!m_session)
         return;
     const unsigned decimals = settings::precision();
-    FileExport fileExport;
-    fileExport.caption = tr("Please select folder and filename to save values");
-    fileExport.proposedFile = m_session->outputStem();
-    fileExport.filter = filter;
-    fileExport.failureTitle = tr("Error while trying to save file");
-    fileExport.badStreamText = tr("Cannot write to file!");
-    fileExport.inPlaceOfInput = decimalsInPlaceOfInput(decimals);
-    runExport(this, m_session, fileExport, [&](std::ostream& out) { write(out, decimals); });
+    runExport(this, m_session,
+              {.caption = tr("Please select folder and filename to save values"),
+               .proposedFile = m_session->outputStem(),
+               .filter = filter,
+               .failureTitle = tr("Error while trying to save file"),
+               .badStreamText = tr("Cannot write to file!"),
+               .inPlaceOfInput = decimalsInPlaceOfInput(decimals)},
+              [&](std::ostream& out) { write(out, decimals); });
 }

@@ -12,51 +12,32 @@
 
 #include <limits>
 
-/// One row per variable: its measures, and a word where they are too low.
-class AdequacyModel : public NumberTableModel
+namespace {
+
+enum Column { Msa, SquaredMultipleCorrelation, Note, ColumnCount };
+
+/// One row per variable; the last column holds what the note goes by.
+pelmora::Matrix tableOf(const pelmora::Adequacy& adequacy, int variables)
 {
-public:
-    enum Column { Msa, SquaredMultipleCorrelation, Note, ColumnCount };
-
-    explicit AdequacyModel(QObject* parent) : NumberTableModel(parent)
-    {
-        leaveNotNumbersEmpty();
-        showExactInToolTips();
+    pelmora::Matrix values(variables, ColumnCount);
+    for (int row = 0; row < values.rows(); ++row) {
+        const bool computed = row < adequacy.msa.size();
+        const double nothing = std::numeric_limits<double>::quiet_NaN();
+        values[row][Msa] = computed ? adequacy.msa[row] : nothing;
+        values[row][SquaredMultipleCorrelation] =
+            computed ? adequacy.squaredMultipleCorrelations[row] : nothing;
+        // Without any measures there is no note.
+        values[row][Note] = computed ? adequacy.msa[row] : 1.0;
     }
+    return values;
+}
 
-    void setValues(const pelmora::Adequacy& adequacy, int variables)
-    {
-        pelmora::Matrix values(variables, ColumnCount);
-        for (int row = 0; row < values.rows(); ++row) {
-            const bool computed = row < adequacy.msa.size();
-            const double nothing = std::numeric_limits<double>::quiet_NaN();
-            values[row][Msa] = computed ? adequacy.msa[row] : nothing;
-            values[row][SquaredMultipleCorrelation] =
-                computed ? adequacy.squaredMultipleCorrelations[row] : nothing;
-            // The note goes by the measure; without any measures there is none.
-            values[row][Note] = computed ? adequacy.msa[row] : 1.0;
-        }
-        fill(values.rowPointers(), values.rows(), values.columns());
-        m_values = std::move(values);
-    }
-
-    QVariant data(const QModelIndex& index, int role) const override
-    {
-        if (index.column() != Note)
-            return NumberTableModel::data(index, role);
-        if (role != Qt::DisplayRole || !index.isValid())
-            return QVariant();
-        return adequacytext::note(value(index.row(), Note));
-    }
-
-private:
-    pelmora::Matrix m_values; ///< the last column holds what the note goes by
-};
+} // namespace
 
 AdequacyPage::AdequacyPage(QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::AdequacyPage>())
-    , m_model(new AdequacyModel(this))
+    , m_model(new NumberTableModel(this))
 {
     m_ui->setupUi(this);
     m_model->setHeaders(
@@ -65,6 +46,9 @@ AdequacyPage::AdequacyPage(QWidget* parent)
             return QStringList{tr("MSA"), tr("Squared multiple\ncorrelation"), tr("Note")}.value(
                 column);
         });
+    m_model->leaveNotNumbersEmpty();
+    m_model->showExactInToolTips();
+    m_model->showNotes(Note, adequacytext::note);
     m_ui->tableAdequacy->setModel(m_model);
     installNameHeaders(m_ui->tableAdequacy);
     installTableCopy(m_ui->tableAdequacy);
@@ -82,7 +66,7 @@ void AdequacyPage::showAdequacy(const pelmora::Adequacy& adequacy, int variables
     m_ui->labelKmo->setText(adequacytext::kmo(adequacy.kmo, decimals));
     m_ui->labelDeterminant->setText(adequacytext::determinant(adequacy.lnDeterminant, decimals));
     m_ui->labelRatio->setText(adequacytext::eigenvalueRatio(adequacy.eigenvalueRatio, decimals));
-    m_model->setValues(adequacy, variables);
+    m_model->fill(tableOf(adequacy, variables));
     fitToNames(m_ui->tableAdequacy, *m_model);
     setLowRows(m_ui->tableAdequacy);
 }

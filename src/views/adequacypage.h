@@ -10,7 +10,7 @@
 
 #include <memory>
 
-class AdequacyModel;
+class NumberTableModel;
 
 namespace Ui {
 class AdequacyPage;
@@ -33,6 +33,6 @@ public:
 
 private:
     std::unique_ptr<Ui::AdequacyPage> m_ui;
-    AdequacyModel* m_model;
+    NumberTableModel* m_model;
     QVector<QString> m_names;
 };

@@ -44,8 +44,7 @@ void AntiImagePage::showAntiImage(pelmora::Matrix antiImage, const pelmora::Obst
         for (int i = 0; i < antiImage.rows(); ++i)
             std::fill_n(antiImage[i], variables, std::numeric_limits<double>::quiet_NaN());
     }
-    m_model->fill(antiImage.rowPointers(), antiImage.rows(), antiImage.columns());
-    m_values = std::move(antiImage);
+    m_model->fill(std::move(antiImage));
     setNames(m_names);
     setLowRows(m_ui->tableAntiImage);
 }

@@ -34,6 +34,5 @@ public:
 private:
     std::unique_ptr<Ui::AntiImagePage> m_ui;
     NumberTableModel* m_model;
-    pelmora::Matrix m_values;
     QVector<QString> m_names;
 };

@@ -72,8 +72,7 @@ CorrForm::~CorrForm()
 void CorrForm::fill(const CorrelationData& correlations)
 {
     m_correlations = &correlations;
-    const auto& values = correlations.matrix();
-    m_model->fill(values.rowPointers(), values.rows(), values.columns());
+    m_model->fill(correlations.matrix());
     m_factorNumberPage->setCases(m_session->numberOfCases());
     showNames(correlations.names().first(correlations.rows()).texts());
 }
@@ -157,18 +156,19 @@ void CorrForm::on_pushButtonSave_clicked()
     if (!m_correlations)
         return;
     const unsigned decimals = settings::precision();
-    FileExport fileExport;
-    fileExport.caption = tr("Export correlation matrix");
-    fileExport.proposedFile = m_session->outputStem();
-    fileExport.filter = tr("Correlation Files (*.cor)");
-    fileExport.openingTitle = tr("Error");
-    fileExport.openingText = tr("Cannot open file for writing.");
-    fileExport.failureTitle = tr("Error while trying to save file");
-    fileExport.badStreamText = tr("Cannot write to file!");
-    fileExport.inPlaceOfInput = decimalsInPlaceOfInput(decimals);
-    const QString written = runExport(this, m_session, fileExport, [=, this](std::ostream& out) {
-        writeCorrelations(out, m_correlations->matrix(), m_correlations->names(), decimals);
-    });
+    const QString written = runExport(this, m_session,
+                                      {.caption = tr("Export correlation matrix"),
+                                       .proposedFile = m_session->outputStem(),
+                                       .filter = tr("Correlation Files (*.cor)"),
+                                       .openingTitle = tr("Error"),
+                                       .openingText = tr("Cannot open file for writing."),
+                                       .failureTitle = tr("Error while trying to save file"),
+                                       .badStreamText = tr("Cannot write to file!"),
+                                       .inPlaceOfInput = decimalsInPlaceOfInput(decimals)},
+                                      [=, this](std::ostream& out) {
+                                          writeCorrelations(out, m_correlations->matrix(),
+                                                            m_correlations->names(), decimals);
+                                      });
     if (!written.isEmpty())
         settings::setLastCorrelationExportLocation(written);
 }

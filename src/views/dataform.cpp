@@ -4,6 +4,7 @@
 #include "views/dataform.h"
 
 #include "input/asciidata.h"
+#include "numerics/variablestatistics.h"
 #include "output/rawdatatext.h"
 #include "ui_dataform.h"
 #include "views/dialogvarnames.h"
@@ -11,7 +12,6 @@
 #include "views/longwork.h"
 #include "views/nameheaders.h"
 #include "views/numbertable.h"
-#include "views/statisticsmodel.h"
 #include "views/tablecopy.h"
 
 #include <QScrollBar>
@@ -22,6 +22,41 @@ namespace {
 
 constexpr int listedNames = 5; // constant variables that are named before the list is cut
 
+/// Of the table of statistics; a note tells why a variable has no correlations.
+enum Column { Mean, StandardDeviation, Minimum, Maximum, Note, ColumnCount };
+
+QString columnTitle(int column)
+{
+    return QStringList{DataForm::tr("Mean"), DataForm::tr("Standard\ndeviation"),
+                       DataForm::tr("Minimum"), DataForm::tr("Maximum"), DataForm::tr("Note")}
+        .value(column);
+}
+
+enum NoteKind { NoNote, Constant, TooFewCases };
+
+QString noteText(double kind)
+{
+    return QStringList{QString(), DataForm::tr("constant"), DataForm::tr("too few cases")}.value(
+        static_cast<int>(kind));
+}
+
+/// One row per variable; the last column holds the kind of note.
+pelmora::Matrix tableOf(const std::vector<pelmora::VariableStatistics>& statistics)
+{
+    pelmora::Matrix values(static_cast<int>(statistics.size()), ColumnCount);
+    for (int row = 0; row < values.rows(); ++row) {
+        const auto& variable = statistics[static_cast<std::size_t>(row)];
+        values[row][Mean] = variable.mean;
+        values[row][StandardDeviation] = variable.standardDeviation;
+        values[row][Minimum] = variable.minimum;
+        values[row][Maximum] = variable.maximum;
+        values[row][Note] = variable.hasTooFewCases() ? TooFewCases
+                            : variable.isConstant()   ? Constant
+                                                      : NoNote;
+    }
+    return values;
+}
+
 } // namespace
 
 DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
@@ -29,7 +64,7 @@ DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
     , m_ui(std::make_unique<Ui::DataForm>())
     , m_session(session)
     , m_model(new NumberTableModel(this))
-    , m_statistics(new StatisticsModel(this))
+    , m_statistics(new NumberTableModel(this))
 {
     m_ui->setupUi(this);
     m_ui->labelNoCorrelations->hide();
@@ -39,7 +74,8 @@ DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
     m_model->setHeaders(
         [=, this](int row) { return m_rowWise ? name(row) : number(row); },
         [=, this](int column) { return m_rowWise ? number(column) : name(column); });
-    m_statistics->setHeaders(name, StatisticsModel::columnTitle);
+    m_statistics->setHeaders(name, columnTitle);
+    m_statistics->showNotes(Note, noteText);
     m_ui->tableData->setModel(m_model);
     m_ui->tableStatistics->setModel(m_statistics);
     for (auto* table : {m_ui->tableData, m_ui->tableStatistics}) {
@@ -67,10 +103,10 @@ void DataForm::showVariables()
 {
     m_rowWise = m_session->isRowWise();
     const auto& values = m_data->matrix();
-    m_model->fill(values.rowPointers(), values.rows(), values.columns());
+    m_model->fill(values);
     const auto statistics = pelmora::variableStatistics(values.rowPointers(), values.rows(),
                                                         values.columns(), m_rowWise);
-    m_statistics->setStatistics(statistics);
+    m_statistics->fill(tableOf(statistics));
     m_tooFewCases = std::any_of(statistics.begin(), statistics.end(),
                                 [](const auto& variable) { return variable.hasTooFewCases(); });
     m_constant.clear();
@@ -192,13 +228,13 @@ void DataForm::save(const QString& ending, const std::function<void(std::ostream
 {
     if (!m_data)
         return;
-    FileExport fileExport;
-    fileExport.caption = tr("Please select folder and filename to save values");
-    fileExport.proposedFile = m_session->outputStem() + ending;
-    fileExport.filter = QStringLiteral("*.dat");
-    fileExport.failureTitle = tr("Error while trying to save file");
-    fileExport.badStreamText = tr("Cannot write to file!");
-    fileExport.inPlaceOfInput =
-        tr("All decimals stay, but comments and other lines would be lost.");
-    runExport(this, m_session, fileExport, write);
+    runExport(
+        this, m_session,
+        {.caption = tr("Please select folder and filename to save values"),
+         .proposedFile = m_session->outputStem() + ending,
+         .filter = QStringLiteral("*.dat"),
+         .failureTitle = tr("Error while trying to save file"),
+         .badStreamText = tr("Cannot write to file!"),
+         .inPlaceOfInput = tr("All decimals stay, but comments and other lines would be lost.")},
+        write);
 }

@@ -15,7 +15,6 @@
 
 class AsciiData;
 class NumberTableModel;
-class StatisticsModel;
 
 namespace Ui {
 class DataForm;
@@ -62,5 +61,5 @@ private:
     bool m_tooFewCases = false;
     QVector<int> m_constant; ///< variables whose values are all equal
     NumberTableModel* m_model;
-    StatisticsModel* m_statistics;
+    NumberTableModel* m_statistics;
 };

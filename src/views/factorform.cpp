@@ -91,20 +91,15 @@ void FactorForm::setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs,
 void FactorForm::showScores()
 {
     m_scoresModel->setHeaders({}, [](int column) { return tr("Factor F%1").arg(column + 1); });
-    m_scoresModel->fill(m_scores.rowPointers(), m_scores.rows(), m_scores.columns());
+    m_scoresModel->fill(m_scores);
     fitColumnWidths(m_ui->scoresTable, *m_scoresModel);
 }
 
 void FactorForm::setKind(FactorKind kind)
 {
     m_kind = kind;
-    setTitle(factorTitle(kind));
-}
-
-void FactorForm::setTitle(const QString& title)
-{
     m_ui->labelFactors->setFont(QFont(QStringLiteral("Helvetica [Cronyx]"), 12, QFont::Bold));
-    m_ui->labelFactors->setText(title);
+    m_ui->labelFactors->setText(factorTitle(kind));
 }
 
 void FactorForm::setUnmoved(bool unmoved)
@@ -145,10 +140,9 @@ void FactorForm::on_horizontalScrollBarZarnelSize_sliderReleased()
 
 void FactorForm::zoom(int value)
 {
-    m_zoom = value;
     if (!m_model)
         return;
-    m_model->setDiagramSize(m_zoom);
+    m_model->setDiagramSize(value);
     adjustDiagramView(m_ui->tableFactors);
 }
 
@@ -161,13 +155,24 @@ QString FactorForm::proposedFile(const QString& pattern, const QString& extensio
 void FactorForm::exportText(const QString& extension, unsigned decimals,
                             const std::function<void(std::ostream&)>& write)
 {
-    FileExport fileExport;
-    fileExport.caption = tr("Please select folder and filename to save values");
-    fileExport.proposedFile = proposedFile(QStringLiteral("%1_%2.%3"), extension);
-    fileExport.filter = QStringLiteral("*.%1").arg(extension);
-    fileExport.failureTitle = tr("Error while saving data");
-    fileExport.inPlaceOfInput = decimalsInPlaceOfInput(decimals);
-    runExport(this, m_session, fileExport, write);
+    runExport(this, m_session,
+              {.caption = tr("Please select folder and filename to save values"),
+               .proposedFile = proposedFile(QStringLiteral("%1_%2.%3"), extension),
+               .filter = QStringLiteral("*.%1").arg(extension),
+               .failureTitle = tr("Error while saving data"),
+               .inPlaceOfInput = decimalsInPlaceOfInput(decimals)},
+              write);
+}
+
+FileExport FactorForm::pictureExport(const QString& suffix, const QString& filter) const
+{
+    return {.caption = tr("Save As"),
+            .proposedFile =
+                proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) + suffix,
+            .filter = filter,
+            .failureTitle = tr("Error while saving data"),
+            .inPlaceOfInput = tr("A picture would take its place."),
+            .isBinary = true};
 }
 
 void FactorForm::on_ExportRotated_clicked()
@@ -204,35 +209,23 @@ void FactorForm::on_ImageButton_clicked()
     QGuiApplication::clipboard()->setImage(image, QClipboard::Clipboard);
 
     const QString png = QStringLiteral("png");
-    FileExport fileExport;
-    fileExport.caption = tr("Save As");
-    fileExport.proposedFile =
-        proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) + png;
-    fileExport.filter = tr("%1 Files (*.%2);;All Files (*)").arg(QStringLiteral("PNG"), png);
-    fileExport.failureTitle = tr("Error while saving data");
-    fileExport.inPlaceOfInput = tr("A picture would take its place.");
-    fileExport.isBinary = true;
-    runExport(this, m_session, fileExport, [&image](std::ostream& out) { writePng(out, image); });
+    const QString filter = tr("%1 Files (*.%2);;All Files (*)").arg(QStringLiteral("PNG"), png);
+    runExport(this, m_session, pictureExport(png, filter),
+              [&image](std::ostream& out) { writePng(out, image); });
 }
 
 void FactorForm::saveDrawing()
 {
     if (!m_model)
         return;
-    FileExport fileExport;
-    fileExport.caption = tr("Save As");
-    fileExport.proposedFile = proposedFile(QStringLiteral("%1_%2_%3."), loadingsExtension(m_kind)) +
-                              QStringLiteral("pdf");
-    fileExport.filter = tr("PDF Files (*.pdf);;SVG Files (*.svg)");
-    fileExport.failureTitle = tr("Error while saving data");
-    fileExport.inPlaceOfInput = tr("A picture would take its place.");
-    fileExport.isBinary = true;
-    runExport(this, m_session, fileExport, [this](std::ostream& out, const ChosenFile& chosen) {
+    const auto write = [this](std::ostream& out, const ChosenFile& chosen) {
         const DiagramDrawing drawing = drawDiagram(m_model);
         const QString title = QFileInfo(chosen.path).completeBaseName();
         const QByteArray file = drawingFormat(chosen.path, chosen.filter) == DrawingFormat::Svg
                                     ? svgFile(drawing, title)
                                     : pdfFile(drawing, title, QDateTime::currentDateTimeUtc());
         out.write(file.constData(), file.size());
-    });
+    };
+    const QString filter = tr("PDF Files (*.pdf);;SVG Files (*.svg)");
+    runExport(this, m_session, pictureExport(QStringLiteral("pdf"), filter), write);
 }

@@ -17,6 +17,7 @@
 
 class factorModel;
 class NumberTableModel;
+struct FileExport;
 
 namespace Ui {
 class FactorForm;
@@ -37,7 +38,6 @@ public:
 
     /// Gives the page the title and the file extensions of @p kind.
     void setKind(FactorKind kind);
-    void setTitle(const QString& title);
     /// Tells whether a rotation has changed nothing, since three equal pages look like a fault.
     void setUnmoved(bool unmoved);
 
@@ -63,6 +63,7 @@ private:
     void saveDrawing();
     void zoom(int value);
     QString proposedFile(const QString& pattern, const QString& extension) const;
+    FileExport pictureExport(const QString& suffix, const QString& filter) const;
     void exportText(const QString& extension, unsigned decimals,
                     const std::function<void(std::ostream&)>& write);
 
@@ -74,5 +75,4 @@ private:
     FactorKind m_kind = FactorKind::Initial;
     factorModel* m_model = nullptr;
     NumberTableModel* m_scoresModel;
-    int m_zoom = 0;
 };

@@ -179,8 +179,7 @@ void FactorNumberPage::showTable()
             fillColumn(values, RandomQuantile, 1, m_random->quantile95);
         }
     }
-    m_model->fill(values.rowPointers(), values.rows(), values.columns());
-    m_values = std::move(values);
+    m_model->fill(std::move(values));
     fitColumnWidths(m_ui->tableNumberOfFactors, *m_model);
     setLowRows(m_ui->tableNumberOfFactors);
 }

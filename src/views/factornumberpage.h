@@ -57,5 +57,4 @@ private:
     pelmora::Computed<pelmora::MinimumAveragePartial> m_map;
     pelmora::Computed<pelmora::EmpiricalKaiser> m_kaiser;
     std::optional<pelmora::RandomEigenvalues> m_random;
-    pelmora::Matrix m_values;
 };

@@ -17,12 +17,11 @@ struct FileExport
     QString caption;      ///< title of the save dialog
     QString proposedFile; ///< path that the dialog starts with
     QString filter;
-    QString
-        openingTitle; ///< title of the box for a file that cannot be opened; empty: the usual one
-    QString openingText;  ///< and its text
-    QString failureTitle; ///< title of the box that shows a failure while writing
+    QString openingTitle = {}; ///< of the box for a file that cannot be opened; empty: the usual
+    QString openingText = {};  ///< and its text
+    QString failureTitle;      ///< title of the box that shows a failure while writing
     /// Text of that box for a file that refuses bytes; empty: path and reason.
-    QString badStreamText;
+    QString badStreamText = {};
     /// What becomes of the session's input file if this takes its place, as a sentence.
     QString inPlaceOfInput;
     bool isBinary = false; ///< otherwise line ends become the platform's

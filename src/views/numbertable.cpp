@@ -10,14 +10,21 @@
 
 NumberTableModel::NumberTableModel(QObject* parent) : QAbstractTableModel(parent) {}
 
-void NumberTableModel::fill(const double* const* values, int rows, int columns)
+void NumberTableModel::fill(const pelmora::Matrix& values)
 {
     beginResetModel();
-    m_values = values;
-    m_rows = rows;
-    m_columns = columns;
+    m_values = values.rowPointers();
+    m_rows = values.rows();
+    m_columns = values.columns();
     m_decimals = settings::precision();
     endResetModel();
+}
+
+void NumberTableModel::fill(pelmora::Matrix&& values)
+{
+    // The numbers shown so far must live until the view has been told of the new ones.
+    fill(values);
+    m_ownValues = std::move(values);
 }
 
 void NumberTableModel::clear()
@@ -27,6 +34,12 @@ void NumberTableModel::clear()
     m_rows = 0;
     m_columns = 0;
     endResetModel();
+}
+
+void NumberTableModel::showNotes(int column, std::function<QString(double)> note)
+{
+    m_noteColumn = column;
+    m_note = std::move(note);
 }
 
 void NumberTableModel::setHeaders(HeaderText vertical, HeaderText horizontal)
@@ -58,6 +71,8 @@ QVariant NumberTableModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return QVariant();
+    if (index.column() == m_noteColumn)
+        return role == Qt::DisplayRole ? m_note(value(index.row(), m_noteColumn)) : QVariant();
     if (role == Qt::DisplayRole || (role == Qt::ToolTipRole && m_exactToolTips))
         return text(value(index.row(), index.column()), role);
     if (role == exactNumberRole && !isEmpty(value(index.row(), index.column())))

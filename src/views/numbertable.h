@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "numerics/owners.h"
+
 #include <QAbstractTableModel>
 #include <QStringList>
 
@@ -24,9 +26,11 @@ public:
 
     explicit NumberTableModel(QObject* parent = nullptr);
 
-    /// Shows @p values (rows x columns, row pointers), which the caller keeps alive until clear()
-    /// or the next fill. Reads the precision once.
-    void fill(const double* const* values, int rows, int columns);
+    /// Shows @p values, which the caller keeps alive until clear() or the next fill. Reads the
+    /// precision once.
+    void fill(const pelmora::Matrix& values);
+    /// Shows @p values and keeps them itself.
+    void fill(pelmora::Matrix&& values);
     /// Shows an empty table; touches no values.
     void clear();
 
@@ -34,6 +38,8 @@ public:
     void leaveNotNumbersEmpty() { m_emptyNotNumbers = true; }
     /// Tool tips tell the value in the shortest plain form that reads back to exactly it.
     void showExactInToolTips() { m_exactToolTips = true; }
+    /// Shows in @p column what @p note makes of its numbers, in place of them.
+    void showNotes(int column, std::function<QString(double)> note);
 
     void setHeaders(HeaderText vertical, HeaderText horizontal);
     /// Tells the view that names in the headers are different now.
@@ -53,12 +59,15 @@ private:
     bool isEmpty(double number) const;
     QString text(double number, int role) const;
 
+    pelmora::Matrix m_ownValues;
     const double* const* m_values = nullptr;
     int m_rows = 0;
     int m_columns = 0;
     unsigned m_decimals = 0;
     bool m_emptyNotNumbers = false;
     bool m_exactToolTips = false;
+    int m_noteColumn = -1;
+    std::function<QString(double)> m_note;
     HeaderText m_verticalHeader;
     HeaderText m_horizontalHeader;
 };

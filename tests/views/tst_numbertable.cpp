@@ -26,7 +26,7 @@ struct Table
                          [](int column) { return QString(QChar('A' + column)); });
         fill();
     }
-    void fill() { model.fill(values.rowPointers(), values.rows(), values.columns()); }
+    void fill() { model.fill(values); }
 
     pelmora::Matrix values;
     NumberTableModel model;

@@ -29,7 +29,7 @@ struct Table
         const QStringList labels = {"x", "two\twords\nhere", "x"};
         model.setHeaders([labels](int row) { return labels.value(row); },
                          [](int column) { return QString(QChar('A' + column)); });
-        model.fill(values.rowPointers(), values.rows(), values.columns());
+        model.fill(values);
         installTableCopy(&view);
     }
 
