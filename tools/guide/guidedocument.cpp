@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextLayout>
@@ -25,6 +26,9 @@ constexpr qreal largestScale = 0.52; // of pictures
 /// Formats count in the pixels of a screen of 96 dots per inch; the layout scales them to the
 /// paper.
 constexpr qreal screenPixelsPerInch = 96;
+constexpr qreal pointsPerInch = 72;
+/// Of characters: the heading that they lead to. Not an anchor, which Qt would write as an address.
+constexpr int targetProperty = QTextFormat::UserProperty + 1;
 
 int headingLevel(const QTextBlock& block)
 {
@@ -34,6 +38,34 @@ int headingLevel(const QTextBlock& block)
 bool isCode(const QTextBlock& block)
 {
     return block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
+}
+
+/// The top of a block's first line. A line that does not fit moves to the next page, while its
+/// block's corner may stay on this one.
+qreal topOf(const QTextBlock& block)
+{
+    const QTextLayout* layout = block.layout();
+    return block.document()->documentLayout()->blockBoundingRect(block).top() +
+           (layout->lineCount() > 0 ? layout->lineAt(0).y() : 0);
+}
+
+/// The areas of some of a block's characters, one for each line.
+QList<QRectF> areasOf(const QTextFragment& fragment, const QTextBlock& block)
+{
+    const QPointF corner = block.document()->documentLayout()->blockBoundingRect(block).topLeft();
+    const int start = fragment.position() - block.position();
+    QList<QRectF> areas;
+    for (int i = 0; i < block.layout()->lineCount(); ++i) {
+        const QTextLine line = block.layout()->lineAt(i);
+        const int from = qMax(start, line.textStart());
+        const int to = qMin(start + fragment.length(), line.textStart() + line.textLength());
+        if (from >= to)
+            continue;
+        const qreal left = line.cursorToX(from);
+        areas.append(
+            QRectF(left, line.y(), line.cursorToX(to) - left, line.height()).translated(corner));
+    }
+    return areas;
 }
 
 QList<QTextTable*> tablesOf(const QTextDocument& document)
@@ -73,6 +105,8 @@ QVariant GuideDocument::loadResource(int type, const QUrl& name)
     const QImage picture(m_pictureFolder.filePath(name.toString()));
     if (picture.isNull() && !m_missingPictures.contains(name.toString()))
         m_missingPictures.append(name.toString());
+    // Every layout asks for every picture; without this each would be decoded hundreds of times.
+    addResource(type, name, picture);
     return picture;
 }
 
@@ -120,12 +154,18 @@ void GuideDocument::styleCharacters()
             cursor.setPosition(fragment.position());
             cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
             const bool code = fragment.charFormat().fontFixedPitch() || isCode(block);
-            QTextCharFormat format;
+            QTextCharFormat format = fragment.charFormat();
             format.setFontFamilies({code ? codeFamily : textFamily});
             format.setFontPointSize(level > 0 ? headingPoints[qMin(level, 4)]
                                     : code    ? codePoints
                                               : textPoints);
-            cursor.mergeCharFormat(format);
+            const QString address = format.anchorHref();
+            if (address.startsWith(u'#')) {
+                format.clearProperty(QTextFormat::IsAnchor);
+                format.clearProperty(QTextFormat::AnchorHref);
+                format.setProperty(targetProperty, address.mid(1));
+            }
+            cursor.setCharFormat(format);
         }
     }
 }
@@ -184,9 +224,26 @@ QList<QTextBlock> GuideDocument::headings() const
     return found;
 }
 
+QMap<QString, QTextBlock> GuideDocument::targets() const
+{
+    static const QRegularExpression dropped(QStringLiteral("[^\\w -]"),
+                                            QRegularExpression::UseUnicodePropertiesOption);
+    QMap<QString, QTextBlock> found;
+    for (const QTextBlock& heading : headings()) {
+        // As the sites name them that show Markdown.
+        const QString name = heading.text().toLower().remove(dropped).replace(u' ', u'-');
+        QString target = name;
+        for (int again = 1; found.contains(target); ++again)
+            target = QStringLiteral("%1-%2").arg(name).arg(again);
+        found.insert(target, heading);
+    }
+    return found;
+}
+
 void GuideDocument::insertContents()
 {
     const QList<QTextBlock> entries = headings();
+    const QMap<QString, QTextBlock> targets = this->targets();
     if (entries.isEmpty())
         return;
     QTextCursor cursor(entries.first().previous());
@@ -206,6 +263,7 @@ void GuideDocument::insertContents()
         text.setFontFamilies({textFamily});
         text.setFontPointSize(textPoints);
         text.setFontWeight(chapter ? QFont::Bold : QFont::Normal);
+        text.setProperty(targetProperty, targets.key(entries[row]));
         QTextCursor title = m_contents->cellAt(row, 0).firstCursorPosition();
         QTextBlockFormat indented;
         indented.setLeftMargin(chapter ? 0 : onPaper(16));
@@ -233,11 +291,17 @@ void GuideDocument::numberContents()
 
 int GuideDocument::pageOf(const QTextBlock& block) const
 {
-    // A line that does not fit moves to the next page, while its block's corner may stay on this
-    // one.
-    const qreal corner = documentLayout()->blockBoundingRect(block).top();
-    const qreal line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).y() : 0;
-    return int((corner + line) / pageSize().height()) + 1;
+    return placeOf(topOf(block)).page + 1;
+}
+
+PdfPlace GuideDocument::placeOf(qreal height) const
+{
+    const int page = int(height / pageSize().height());
+    const QPageLayout layout = m_paper.pageLayout();
+    const qreal fromEdge =
+        layout.paintRectPixels(m_paper.resolution()).top() + height - page * pageSize().height();
+    return {page,
+            layout.fullRectPoints().height() - fromEdge * pointsPerInch / m_paper.resolution()};
 }
 
 void GuideDocument::keepHeadingsWithText()
@@ -274,4 +338,56 @@ void GuideDocument::print()
         painter.drawText(page.adjusted(0, 0, 0, m_paper.resolution() / 2.0),
                          Qt::AlignHCenter | Qt::AlignBottom, QString::number(number));
     }
+}
+
+QList<PdfBookmark> GuideDocument::bookmarks() const
+{
+    QList<PdfBookmark> bookmarks;
+    for (const QTextBlock& heading : headings())
+        bookmarks.append({heading.text(), headingLevel(heading), placeOf(topOf(heading))});
+    return bookmarks;
+}
+
+PdfLink GuideDocument::linkOf(const QRectF& area, const QTextBlock& heading) const
+{
+    const PdfPlace place = placeOf(area.top());
+    const qreal scale = pointsPerInch / m_paper.resolution();
+    const int margin = m_paper.pageLayout().paintRectPixels(m_paper.resolution()).left();
+    return {place.page,
+            QRectF((margin + area.left()) * scale, place.top - area.height() * scale,
+                   area.width() * scale, area.height() * scale),
+            placeOf(topOf(heading))};
+}
+
+QList<PdfLink> GuideDocument::links() const
+{
+    const QMap<QString, QTextBlock> targets = this->targets();
+    QList<PdfLink> links;
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            const QTextBlock heading =
+                targets.value(fragment.charFormat().stringProperty(targetProperty));
+            if (!heading.isValid())
+                continue;
+            for (const QRectF& area : areasOf(fragment, block))
+                links.append(linkOf(area, heading));
+        }
+    }
+    return links;
+}
+
+QStringList GuideDocument::missingTargets() const
+{
+    const QMap<QString, QTextBlock> targets = this->targets();
+    QStringList missing;
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextCharFormat format = part.fragment().charFormat();
+            const QString target = format.stringProperty(targetProperty);
+            if (format.hasProperty(targetProperty) && !targets.contains(target))
+                missing.append(target);
+        }
+    }
+    return missing;
 }

@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include "guide/pdfnavigation.h"
+
 #include <QDir>
+#include <QMap>
 #include <QStringList>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -22,8 +25,17 @@ public:
     /// Addresses of pictures that could not be read.
     QStringList missingPictures() const { return m_missingPictures; }
 
+    /// Links in the text to headings that there are not.
+    QStringList missingTargets() const;
+
     /// Draws every page with its number at the foot.
     void print();
+
+    /// The headings of the table of contents.
+    QList<PdfBookmark> bookmarks() const;
+    /// From the table of contents and from links in the text to "#heading"; Qt itself writes those
+    /// to other addresses.
+    QList<PdfLink> links() const;
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
@@ -40,7 +52,12 @@ private:
     /// Moves headings that would stand alone at the foot of a page to the next one.
     void keepHeadingsWithText();
     QList<QTextBlock> headings() const;
+    /// Headings by the targets of links to them.
+    QMap<QString, QTextBlock> targets() const;
     int pageOf(const QTextBlock& block) const;
+    /// Where a height of the layout comes on paper.
+    PdfPlace placeOf(qreal height) const;
+    PdfLink linkOf(const QRectF& area, const QTextBlock& heading) const;
 
     QDir m_pictureFolder;
     QPdfWriter& m_paper;

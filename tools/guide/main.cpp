@@ -3,6 +3,7 @@
 
 #include "guide/guidedocument.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -23,24 +24,20 @@ int fail(const QString& message)
 
 /// The writer stamps the time of the run. With SOURCE_DATE_EPOCH set that one takes its place, in
 /// as many bytes, so that the file's table of positions stays true.
-bool setCreationDate(const QString& path)
+bool setCreationDate(QByteArray& document)
 {
     bool given = false;
     const qint64 epoch = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&given);
     if (!given)
         return true;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite))
-        return false;
-    QByteArray content = file.readAll();
     const QByteArray key("/CreationDate (D:");
     const QByteArray stamp =
         QDateTime::fromSecsSinceEpoch(epoch, Qt::UTC).toString(u"yyyyMMddHHmmss").toLatin1();
-    const auto at = content.indexOf(key);
+    const auto at = document.indexOf(key);
     if (at < 0)
         return false;
-    content.replace(at + key.size(), stamp.size(), stamp);
-    return file.seek(0) && file.write(content) == content.size();
+    document.replace(at + key.size(), stamp.size(), stamp);
+    return true;
 }
 
 } // namespace
@@ -60,22 +57,37 @@ int main(int argc, char* argv[])
     QFile source(arguments[1]);
     if (!source.open(QIODevice::ReadOnly))
         return fail(QStringLiteral("Cannot read %1").arg(source.fileName()));
-    QStringList missing;
+    QBuffer pages;
+    pages.open(QIODevice::WriteOnly);
+    QList<PdfBookmark> bookmarks;
+    QList<PdfLink> links;
     {
-        QPdfWriter paper(arguments[2]);
+        QPdfWriter paper(&pages);
         paper.setTitle(QStringLiteral("Pelmora user guide"));
         paper.setCreator(QStringLiteral("The Pelmora Developers"));
         paper.setResolution(dotsPerInch);
         paper.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
                                         marginsInMillimetres, QPageLayout::Millimeter));
         GuideDocument guide(QString::fromUtf8(source.readAll()), QFileInfo(source).dir(), paper);
+        const QString separator(QStringLiteral(", "));
+        if (!guide.missingPictures().isEmpty())
+            return fail(QStringLiteral("Pictures are missing: %1")
+                            .arg(guide.missingPictures().join(separator)));
+        if (!guide.missingTargets().isEmpty())
+            return fail(QStringLiteral("Headings that links lead to are missing: %1")
+                            .arg(guide.missingTargets().join(separator)));
         guide.print();
-        missing = guide.missingPictures();
+        bookmarks = guide.bookmarks();
+        links = guide.links();
     }
-    if (!missing.isEmpty())
-        return fail(
-            QStringLiteral("Pictures are missing: %1").arg(missing.join(QLatin1String(", "))));
-    if (!setCreationDate(arguments[2]))
-        return fail(QStringLiteral("Cannot set the date in %1").arg(arguments[2]));
+    QByteArray document = withNavigation(pages.data(), bookmarks, links);
+    if (document.isEmpty())
+        return fail(QStringLiteral("Cannot add bookmarks and links"));
+    if (!setCreationDate(document))
+        return fail(QStringLiteral("Cannot set the date"));
+    QFile file(arguments[2]);
+    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() ||
+        !file.flush())
+        return fail(QStringLiteral("Cannot write %1").arg(file.fileName()));
     return 0;
 }
