@@ -8,8 +8,8 @@
 #include "plain/table.h"
 #include "views/dataform.h"
 #include "views/factorform.h"
-#include "views/numbertable.h"
 #include "views/fakesession.h"
+#include "views/numbertable.h"
 
 #include <QApplication>
 #include <QScrollBar>

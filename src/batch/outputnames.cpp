@@ -89,7 +89,7 @@ QString overwrittenInput(const QSet<QString>& inputs, const QSet<QString>& outpu
     for (const QString& folder : folders) {
         QDirIterator entries(folder, QDir::Files | QDir::Hidden | QDir::System);
         while (entries.hasNext()) {
-            const QString entry = entries.next();
+            QString entry = entries.next();
             if (isOutput(entry) && inputs.contains(QFileInfo(entry).canonicalFilePath()))
                 return entry;
         }

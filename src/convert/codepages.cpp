@@ -97,7 +97,8 @@ QByteArray fromCodePage(std::string_view text, Encoding encoding)
 {
     const Letters& letters = lettersOf(encoding);
     QByteArray utf8;
-    utf8.reserve(static_cast<qsizetype>(text.size() + text.size() / 16));
+    const auto size = static_cast<qsizetype>(text.size());
+    utf8.reserve(size + size / 16);
     for (const char byte : text) {
         const auto code = static_cast<unsigned char>(byte);
         if (code < 0x80) {

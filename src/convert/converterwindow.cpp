@@ -59,19 +59,19 @@ QString localFile(const QMimeData* data)
 
 ConverterWindow::ConverterWindow(QWidget* parent)
     : QWidget(parent)
-    , ui(std::make_unique<Ui::ConverterWindow>())
+    , m_ui(std::make_unique<Ui::ConverterWindow>())
     , m_preview(new PreviewModel(this))
     , m_delay(new QTimer(this))
 {
-    ui->setupUi(this);
-    ui->tablePreview->setModel(m_preview);
-    ui->splitterPreview->setStretchFactor(1, 1);
-    ui->splitterPreview->setSizes({180, 780});
-    ui->splitter->setStretchFactor(0, 1);
-    ui->splitter->setSizes({380, 160});
+    m_ui->setupUi(this);
+    m_ui->tablePreview->setModel(m_preview);
+    m_ui->splitterPreview->setStretchFactor(1, 1);
+    m_ui->splitterPreview->setSizes({180, 780});
+    m_ui->splitter->setStretchFactor(0, 1);
+    m_ui->splitter->setSizes({380, 160});
     m_delay->setSingleShot(true);
     m_delay->setInterval(300);
-    connect(m_delay, &QTimer::timeout, ui->progress, &QWidget::show);
+    connect(m_delay, &QTimer::timeout, m_ui->progress, &QWidget::show);
     fillChoices();
     connectChoices();
     setBusy(false);
@@ -88,31 +88,31 @@ ConverterWindow::~ConverterWindow()
 
 void ConverterWindow::fillChoices()
 {
-    for (QComboBox* box :
-         {ui->comboKind, ui->comboEncoding, ui->comboSeparator, ui->comboDecimal, ui->comboHeader})
+    for (QComboBox* box : {m_ui->comboKind, m_ui->comboEncoding, m_ui->comboSeparator,
+                           m_ui->comboDecimal, m_ui->comboHeader})
         box->addItem(QString(), 0);
-    addChoice(ui->comboKind, tr("Data"), Kind::Data);
-    addChoice(ui->comboKind, tr("Correlations"), Kind::Correlations);
+    addChoice(m_ui->comboKind, tr("Data"), Kind::Data);
+    addChoice(m_ui->comboKind, tr("Correlations"), Kind::Correlations);
     for (int encoding = int(Encoding::Utf8); encoding <= int(Encoding::Windows1253); ++encoding)
-        addChoice(ui->comboEncoding, nameOf(Encoding(encoding)), encoding);
-    addChoice(ui->comboSeparator, tr("Tab"), Separator::Tab);
-    addChoice(ui->comboSeparator, tr("Semicolon"), Separator::Semicolon);
-    addChoice(ui->comboSeparator, tr("Comma"), Separator::Comma);
-    addChoice(ui->comboSeparator, tr("Blank"), Separator::Blank);
-    addChoice(ui->comboDecimal, tr("Point"), Decimal::Point);
-    addChoice(ui->comboDecimal, tr("Comma"), Decimal::Comma);
-    addChoice(ui->comboHeader, tr("First row"), Header::Yes);
-    addChoice(ui->comboHeader, tr("None"), Header::No);
+        addChoice(m_ui->comboEncoding, nameOf(Encoding(encoding)), encoding);
+    addChoice(m_ui->comboSeparator, tr("Tab"), Separator::Tab);
+    addChoice(m_ui->comboSeparator, tr("Semicolon"), Separator::Semicolon);
+    addChoice(m_ui->comboSeparator, tr("Comma"), Separator::Comma);
+    addChoice(m_ui->comboSeparator, tr("Blank"), Separator::Blank);
+    addChoice(m_ui->comboDecimal, tr("Point"), Decimal::Point);
+    addChoice(m_ui->comboDecimal, tr("Comma"), Decimal::Comma);
+    addChoice(m_ui->comboHeader, tr("First row"), Header::Yes);
+    addChoice(m_ui->comboHeader, tr("None"), Header::No);
 }
 
 void ConverterWindow::connectChoices()
 {
-    for (QComboBox* box :
-         {ui->comboKind, ui->comboEncoding, ui->comboSeparator, ui->comboDecimal, ui->comboHeader})
+    for (QComboBox* box : {m_ui->comboKind, m_ui->comboEncoding, m_ui->comboSeparator,
+                           m_ui->comboDecimal, m_ui->comboHeader})
         connect(box, &QComboBox::activated, this, &ConverterWindow::start);
-    for (QLineEdit* edit : {ui->editMissing, ui->editSkip})
+    for (QLineEdit* edit : {m_ui->editMissing, m_ui->editSkip})
         connect(edit, &QLineEdit::textEdited, this, &ConverterWindow::start);
-    for (QCheckBox* box : {ui->checkTranspose, ui->checkLabels})
+    for (QCheckBox* box : {m_ui->checkTranspose, m_ui->checkLabels})
         connect(box, &QCheckBox::clicked, this, [this] {
             m_columnsChosen = false;
             start();
@@ -121,13 +121,13 @@ void ConverterWindow::connectChoices()
 
 void ConverterWindow::resetChoices()
 {
-    for (QComboBox* box :
-         {ui->comboKind, ui->comboEncoding, ui->comboSeparator, ui->comboDecimal, ui->comboHeader})
+    for (QComboBox* box : {m_ui->comboKind, m_ui->comboEncoding, m_ui->comboSeparator,
+                           m_ui->comboDecimal, m_ui->comboHeader})
         box->setCurrentIndex(0);
-    ui->editMissing->clear();
-    ui->editSkip->clear();
-    ui->checkTranspose->setChecked(false);
-    ui->checkLabels->setChecked(false);
+    m_ui->editMissing->clear();
+    m_ui->editSkip->clear();
+    m_ui->checkTranspose->setChecked(false);
+    m_ui->checkLabels->setChecked(false);
     m_columnsChosen = false;
 }
 
@@ -135,22 +135,22 @@ void ConverterWindow::openFile(const QString& path)
 {
     m_path = QFileInfo(path).absoluteFilePath();
     m_savedPath.clear();
-    ui->editFile->setText(QDir::toNativeSeparators(m_path));
+    m_ui->editFile->setText(QDir::toNativeSeparators(m_path));
     resetChoices();
     start();
 }
 
 bool ConverterWindow::takeOptions(Options& options)
 {
-    options.kind = chosen<Kind>(ui->comboKind);
-    options.encoding = chosen<Encoding>(ui->comboEncoding);
-    options.separator = chosen<Separator>(ui->comboSeparator);
-    options.decimal = chosen<Decimal>(ui->comboDecimal);
-    options.header = chosen<Header>(ui->comboHeader);
-    options.transpose = ui->checkTranspose->isChecked();
-    options.labels = ui->checkLabels->isChecked();
-    parseMissing(ui->editMissing->text(), options);
-    if (const QString skip = ui->editSkip->text().trimmed(); !skip.isEmpty()) {
+    options.kind = chosen<Kind>(m_ui->comboKind);
+    options.encoding = chosen<Encoding>(m_ui->comboEncoding);
+    options.separator = chosen<Separator>(m_ui->comboSeparator);
+    options.decimal = chosen<Decimal>(m_ui->comboDecimal);
+    options.header = chosen<Header>(m_ui->comboHeader);
+    options.transpose = m_ui->checkTranspose->isChecked();
+    options.labels = m_ui->checkLabels->isChecked();
+    parseMissing(m_ui->editMissing->text(), options);
+    if (const QString skip = m_ui->editSkip->text().trimmed(); !skip.isEmpty()) {
         const auto ranges = parseRanges(skip);
         if (!ranges)
             return false;
@@ -163,12 +163,12 @@ bool ConverterWindow::takeOptions(Options& options)
 
 void ConverterWindow::takeColumns(Options& options) const
 {
-    const int count = ui->listColumns->count();
-    for (int i = 0; i < count; ++i)
-        if (ui->listColumns->item(i)->checkState() == Qt::Checked) {
-            const auto place = static_cast<std::size_t>(i + 1);
+    std::size_t place = 0;
+    for (int i = 0; i < m_ui->listColumns->count(); ++i) {
+        ++place;
+        if (m_ui->listColumns->item(i)->checkState() == Qt::Checked)
             options.columns.add({place, place});
-        }
+    }
     // The list ends before a very wide table does.
     if (m_result.conversion && m_result.conversion->table().columns() > PreviewModel::mostColumns)
         options.columns.add(
@@ -185,8 +185,8 @@ void ConverterWindow::start()
     }
     Options options;
     if (!takeOptions(options)) {
-        ui->labelState->setText(tr("Lines to leave out are numbers such as 2-3,5"));
-        ui->buttonSave->setEnabled(false);
+        m_ui->labelState->setText(tr("Lines to leave out are numbers such as 2-3,5"));
+        m_ui->buttonSave->setEnabled(false);
         return;
     }
     setBusy(true);
@@ -208,8 +208,9 @@ void ConverterWindow::finish(const JobResult& result)
         return;
     }
     m_preview->setConversion(m_result.conversion);
-    ui->textReport->setPlainText(m_result.lines.join(u'\n'));
-    ui->labelState->setText(m_result.isAccepted ? tr("Ready to be saved") : tr("Refused as it is"));
+    m_ui->textReport->setPlainText(m_result.lines.join(u'\n'));
+    m_ui->labelState->setText(m_result.isAccepted ? tr("Ready to be saved")
+                                                  : tr("Refused as it is"));
     showRecognised();
     showColumns();
     emit settled();
@@ -219,13 +220,13 @@ void ConverterWindow::setBusy(bool busy)
 {
     if (busy) {
         m_delay->start();
-        ui->labelState->setText(tr("Reading…"));
+        m_ui->labelState->setText(tr("Reading…"));
     } else {
         m_delay->stop();
-        ui->progress->hide();
+        m_ui->progress->hide();
     }
-    ui->buttonSave->setEnabled(!busy && m_result.isAccepted);
-    ui->buttonFolder->setEnabled(!m_path.isEmpty());
+    m_ui->buttonSave->setEnabled(!busy && m_result.isAccepted);
+    m_ui->buttonFolder->setEnabled(!m_path.isEmpty());
 }
 
 void ConverterWindow::showRecognised()
@@ -236,21 +237,22 @@ void ConverterWindow::showRecognised()
         return index > 0 ? box->itemText(index) : QString();
     };
     const bool any = conversion != nullptr;
-    showFound(ui->comboKind, any ? entry(ui->comboKind, conversion->kind()) : QString());
-    showFound(ui->comboEncoding,
-              any ? entry(ui->comboEncoding, conversion->text().encoding()) : QString());
-    showFound(ui->comboSeparator,
-              any ? entry(ui->comboSeparator, conversion->separator()) : QString());
-    showFound(ui->comboDecimal, any ? entry(ui->comboDecimal, conversion->decimal()) : QString());
+    showFound(m_ui->comboKind, any ? entry(m_ui->comboKind, conversion->kind()) : QString());
+    showFound(m_ui->comboEncoding,
+              any ? entry(m_ui->comboEncoding, conversion->text().encoding()) : QString());
+    showFound(m_ui->comboSeparator,
+              any ? entry(m_ui->comboSeparator, conversion->separator()) : QString());
+    showFound(m_ui->comboDecimal,
+              any ? entry(m_ui->comboDecimal, conversion->decimal()) : QString());
     const auto header = any ? conversion->hasHeader() : std::nullopt;
-    showFound(ui->comboHeader,
-              header ? entry(ui->comboHeader, *header ? Header::Yes : Header::No) : QString());
+    showFound(m_ui->comboHeader,
+              header ? entry(m_ui->comboHeader, *header ? Header::Yes : Header::No) : QString());
 }
 
 void ConverterWindow::showColumns()
 {
-    const QSignalBlocker blocker(ui->listColumns);
-    ui->listColumns->clear();
+    const QSignalBlocker blocker(m_ui->listColumns);
+    m_ui->listColumns->clear();
     if (!m_result.conversion)
         return;
     const Conversion& conversion = *m_result.conversion;
@@ -266,7 +268,7 @@ void ConverterWindow::showColumns()
             columnText(conversion.table(), conversion.hasHeader().value_or(false), column));
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(isKept ? Qt::Checked : Qt::Unchecked);
-        ui->listColumns->addItem(item);
+        m_ui->listColumns->addItem(item);
     }
 }
 
@@ -324,7 +326,7 @@ void ConverterWindow::on_buttonSave_clicked()
         return;
     }
     m_savedPath = path;
-    ui->labelState->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+    m_ui->labelState->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
 }
 
 void ConverterWindow::on_buttonFolder_clicked()

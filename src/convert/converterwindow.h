@@ -61,7 +61,7 @@ private:
     void tellFailure(const QString& text);
     QString proposedFile() const;
 
-    std::unique_ptr<Ui::ConverterWindow> ui;
+    std::unique_ptr<Ui::ConverterWindow> m_ui;
     PreviewModel* m_preview;
     QTimer* m_delay; ///< a progress bar for every key stroke would flicker
     QString m_path;

@@ -36,7 +36,7 @@ QString statFormat(const QString& path)
     for (const Format& format : formats)
         if (*format.firstBytes != 0 && first.startsWith(format.firstBytes))
             return QString::fromLatin1(format.suffix);
-    const QString suffix = QFileInfo(path).suffix().toLower();
+    QString suffix = QFileInfo(path).suffix().toLower();
     for (const Format& format : formats)
         if (suffix == QLatin1String(format.suffix))
             return suffix;
