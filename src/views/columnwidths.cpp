@@ -11,6 +11,8 @@
 #include <QFontMetricsF>
 #include <QHash>
 #include <QHeaderView>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QTableView>
 
 #include <algorithm>
@@ -151,6 +153,16 @@ void fitColumnWidths(QTableView* view, const NumberTableModel& model)
             column, std::clamp(width, header->minimumSectionSize(), header->maximumSectionSize()));
     }
     header->setUpdatesEnabled(true);
+}
+
+void showWhole(QTableView* view, QSplitter* splitter, double others)
+{
+    const QHeaderView* names = view->verticalHeader();
+    const int needed = std::min(names->sizeHint().width(), names->maximumWidth()) +
+                       view->horizontalHeader()->length() + 2 * view->frameWidth() +
+                       view->verticalScrollBar()->sizeHint().width();
+    const int left = std::max(splitter->width() - needed, static_cast<int>(needed * others));
+    splitter->setSizes({left, needed});
 }
 
 void setLowRows(QTableView* view)

@@ -14,8 +14,6 @@
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
 
-#include <QScrollBar>
-
 #include <algorithm>
 
 namespace {
@@ -129,18 +127,6 @@ void DataForm::showRowWiseMeans()
     m_ui->labelRowWise->setVisible(m_rowWise && m_data->rows() != m_data->cols());
 }
 
-void DataForm::showWholeRows()
-{
-    const auto* table = m_ui->tableStatistics;
-    const auto* names = table->verticalHeader();
-    const int needed = std::min(names->sizeHint().width(), names->maximumWidth()) +
-                       table->horizontalHeader()->length() + 2 * table->frameWidth() +
-                       table->verticalScrollBar()->sizeHint().width();
-    // What is left is for the data.
-    const int room = std::max(m_ui->splitter->width(), 2 * needed);
-    m_ui->splitter->setSizes({room - needed, needed});
-}
-
 void DataForm::showNames(const QVector<QString>& names)
 {
     m_names = names;
@@ -148,7 +134,7 @@ void DataForm::showNames(const QVector<QString>& names)
     m_statistics->headersChanged();
     fitToNames(m_ui->tableData, *m_model);
     fitToNames(m_ui->tableStatistics, *m_statistics);
-    showWholeRows();
+    showWhole(m_ui->tableStatistics, m_ui->splitter, 1.0);
     showNoCorrelations();
 }
 

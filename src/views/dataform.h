@@ -50,7 +50,6 @@ private:
     void showNoCorrelations();
     void showRowWiseMeans();
     void save(const QString& ending, const std::function<void(std::ostream&)>& write);
-    void showWholeRows();
     void releaseSessionData();
 
     std::unique_ptr<Ui::DataForm> m_ui;

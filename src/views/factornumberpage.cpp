@@ -9,9 +9,7 @@
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
 
-#include <QHeaderView>
 #include <QPointer>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <limits>
@@ -99,18 +97,7 @@ void FactorNumberPage::compute(const pelmora::Matrix& correlations,
     showLines();
     showTable();
     showPlot();
-    showWholeTable();
-}
-
-/// What is left is for the plot.
-void FactorNumberPage::showWholeTable()
-{
-    const auto* table = m_ui->tableNumberOfFactors;
-    const int needed = table->verticalHeader()->sizeHint().width() +
-                       table->horizontalHeader()->length() + 2 * table->frameWidth() +
-                       table->verticalScrollBar()->sizeHint().width();
-    const int room = std::max(m_ui->splitter->width(), needed * 3 / 2);
-    m_ui->splitter->setSizes({room - needed, needed});
+    showWhole(m_ui->tableNumberOfFactors, m_ui->splitter, 0.5);
 }
 
 void FactorNumberPage::clear()

@@ -47,7 +47,6 @@ private slots:
 private:
     void showLines();
     void showTable();
-    void showWholeTable();
     void showPlot();
 
     std::unique_ptr<Ui::FactorNumberPage> m_ui;

@@ -10,6 +10,7 @@
 
 #include <functional>
 
+class QSplitter;
 class QTableView;
 
 /// What a cell with a rounded text gives its number under.
@@ -75,6 +76,10 @@ private:
 /// Makes every column of a view on a NumberTableModel as wide as its widest number and its header,
 /// over all rows, without formatting each cell.
 void fitColumnWidths(QTableView* view, const NumberTableModel& model);
+
+/// Gives @p view, the last of two widgets in @p splitter, the width of all its columns. The other
+/// keeps the rest, or @p others times that width where the rest is less.
+void showWhole(QTableView* view, QSplitter* splitter, double others);
 
 /// Makes all rows as low as the first one's contents allow.
 void setLowRows(QTableView* view);
