@@ -108,10 +108,11 @@ void setLastCorrelationExportLocation(const QString& path)
 DiagramSettings diagram()
 {
     const DiagramSettings absent;
-    return {value(QStringLiteral("Zarnel/edge.x"), absent.edgeX).toInt(),
-            value(QStringLiteral("Zarnel/edge.y"), absent.edgeY).toInt(),
-            value(QStringLiteral("Zarnel/textCircleOffset"), absent.textCircleOffset).toInt(),
-            value(QStringLiteral("Zarnel/circel"), absent.circleScale).toString()};
+    return {.edgeX = value(QStringLiteral("Zarnel/edge.x"), absent.edgeX).toInt(),
+            .edgeY = value(QStringLiteral("Zarnel/edge.y"), absent.edgeY).toInt(),
+            .textCircleOffset =
+                value(QStringLiteral("Zarnel/textCircleOffset"), absent.textCircleOffset).toInt(),
+            .circleScale = value(QStringLiteral("Zarnel/circel"), absent.circleScale).toString()};
 }
 
 } // namespace settings

@@ -19,12 +19,10 @@ const QColor negativeColour(230, 230, 230);
 DiagramGeometry storedGeometry()
 {
     const settings::DiagramSettings stored = settings::diagram();
-    DiagramGeometry geometry;
-    geometry.edgeX = stored.edgeX;
-    geometry.edgeY = stored.edgeY;
-    geometry.textCircleOffset = stored.textCircleOffset;
-    geometry.proportionalArea = stored.circleScale == QLatin1String("area");
-    return geometry;
+    return {.edgeX = stored.edgeX,
+            .edgeY = stored.edgeY,
+            .textCircleOffset = stored.textCircleOffset,
+            .proportionalArea = stored.circleScale == QLatin1String("area")};
 }
 
 QFont valueFont(int size)
