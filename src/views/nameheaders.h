@@ -19,7 +19,6 @@ public:
 
     /// Whether labels read from bottom to top, so that columns need not be as wide as their names.
     void setTurned(bool turned);
-    bool isTurned() const { return m_turned; }
     /// Whether every label has room when it is not turned, with the columns as they are.
     bool hasRoomForLevelLabels() const;
 

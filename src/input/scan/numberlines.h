@@ -48,9 +48,8 @@ public:
     std::size_t columnCount() const { return m_columns; }
     const LineFault& fault() const { return m_fault; }
 
-    /// The numbers kept, line by line, and how many there are.
+    /// The numbers kept, line by line.
     const double* kept() const { return m_block ? m_block.get() + 1 : nullptr; }
-    std::size_t keptCount() const { return m_size; }
     /// Whether a number is missing: on from there none is kept.
     bool isInterrupted() const { return m_interrupted; }
     /// Forgets the numbers, not the lines.
