@@ -29,12 +29,11 @@ Matrix firstColumns(const Matrix& source, int columns)
 /// last factor it is a column of zeros.
 Matrix loadingsToRotate(const Matrix& initialLoadings, int m)
 {
-    if (m < initialLoadings.columns())
-        return firstColumns(initialLoadings, m + 1);
+    const bool hasNext = m < initialLoadings.columns();
     Matrix result(initialLoadings.rows(), m + 1);
     for (int i = 0; i < result.rows(); ++i) {
         std::copy_n(initialLoadings[i], m, result[i]);
-        result[i][m] = 0.0;
+        result[i][m] = hasNext ? initialLoadings[i][m] : 0.0;
     }
     return result;
 }
