@@ -18,9 +18,9 @@ double RandomNumbers::normal()
         m_hasKept = false;
         return m_kept;
     }
-    double a;
-    double b;
-    double s;
+    double a = 0.0;
+    double b = 0.0;
+    double s = 0.0;
     do {
         a = 2.0 * uniform() - 1.0;
         b = 2.0 * uniform() - 1.0;
