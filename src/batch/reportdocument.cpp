@@ -4,8 +4,8 @@
 #include "batch/reportdocument.h"
 
 #include "batch/diagrams.h"
+#include "output/pdfstamp.h"
 #include "output/tabletext.h"
-#include "views/drawingfile.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -119,7 +119,7 @@ QByteArray paperOf(const QString& html, const QString& title)
         document.setHtml(html);
         document.print(&paper);
     }
-    setCreationDate(file, documentTime());
+    stampPdf(file, documentTime());
     return file;
 }
 

@@ -3,6 +3,7 @@
 
 #include "views/drawingfile.h"
 
+#include "output/pdfstamp.h"
 #include "views/diagramdrawing.h"
 
 #include <QBuffer>
@@ -205,7 +206,7 @@ QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QD
         painter.scale(scale, scale);
         paint(painter, drawing);
     }
-    setCreationDate(file, created);
+    stampPdf(file, created);
     return file;
 }
 
@@ -214,16 +215,4 @@ QByteArray svgFile(const DiagramDrawing& drawing, const QString& title)
     QByteArray file;
     SvgWriter(&file).write(drawing, title);
     return file;
-}
-
-void setCreationDate(QByteArray& pdf, const QDateTime& created)
-{
-    const QByteArray key("/CreationDate (D:");
-    const auto begin = pdf.indexOf(key);
-    const auto end = pdf.indexOf(')', begin) + 1;
-    if (begin < 0 || end <= begin)
-        return;
-    QByteArray stamp = key + created.toUTC().toString(u"yyyyMMddHHmmss").toLatin1() + "Z)";
-    if (stamp.size() <= end - begin)
-        pdf.replace(begin, end - begin, stamp.leftJustified(end - begin));
 }

@@ -26,7 +26,3 @@ QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QD
 
 /// The same drawing always gives the same bytes. Fonts are named, with others to fall back on.
 QByteArray svgFile(const DiagramDrawing& drawing, const QString& title);
-
-/// Puts another time in place of the run's, which the toolkit stamps a PDF file with, in as many
-/// bytes, so that the file's table of positions stays true.
-void setCreationDate(QByteArray& pdf, const QDateTime& created);

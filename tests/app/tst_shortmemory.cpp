@@ -17,7 +17,7 @@ int allocationsBeforeFailure = -1;
 } // namespace
 
 // The linker sends our own calls of malloc() here, by these names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" void* __real_malloc(std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size)
 {
@@ -26,7 +26,7 @@ extern "C" void* __wrap_malloc(std::size_t size)
         --allocationsBeforeFailure;
     return fails ? nullptr : __real_malloc(size);
 }
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 /// What the program says and keeps when its own allocations fail.
 class TestShortMemory : public AppTest

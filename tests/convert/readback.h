@@ -75,7 +75,7 @@ inline QString compareRow(const convert::Conversion& conversion, const AsciiData
 inline QString difference(const QString& path, const convert::Conversion& conversion)
 {
     CorrelationData data;
-    const QString fault = readFile(path, conversion, data);
+    QString fault = readFile(path, conversion, data);
     if (!fault.isEmpty())
         return fault;
     if (data.rows() != conversion.rows() || data.cols() != conversion.columns())
@@ -89,7 +89,7 @@ inline QString difference(const QString& path, const convert::Conversion& conver
     for (int row = 0; row < static_cast<int>(data.rows()); ++row, ++index) {
         while (!square && !conversion.isKept(index))
             ++index;
-        const QString differs = compareRow(conversion, data, row, index);
+        QString differs = compareRow(conversion, data, row, index);
         if (!differs.isEmpty())
             return differs;
     }

@@ -51,7 +51,7 @@ void failEveryAllocation(int atLeast, Work work)
 } // namespace
 
 // The linker sends our own calls of malloc() here, by these names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" void* __real_malloc(std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size)
 {
@@ -60,7 +60,7 @@ extern "C" void* __wrap_malloc(std::size_t size)
         --allocationsBeforeFailure;
     return fails ? nullptr : __real_malloc(size);
 }
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 class TestAllocationFailure : public QObject
 {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "guide/guidedocument.h"
+#include "output/pdfstamp.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -22,22 +23,13 @@ int fail(const QString& message)
     return 1;
 }
 
-/// The writer stamps the time of the run. With SOURCE_DATE_EPOCH set that one takes its place, in
-/// as many bytes, so that the file's table of positions stays true.
-bool setCreationDate(QByteArray& document)
+/// The time in SOURCE_DATE_EPOCH takes the place of the run's.
+void stamp(QByteArray& document)
 {
     bool given = false;
     const qint64 epoch = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&given);
-    if (!given)
-        return true;
-    const QByteArray key("/CreationDate (D:");
-    const QByteArray stamp =
-        QDateTime::fromSecsSinceEpoch(epoch, Qt::UTC).toString(u"yyyyMMddHHmmss").toLatin1();
-    const auto at = document.indexOf(key);
-    if (at < 0)
-        return false;
-    document.replace(at + key.size(), stamp.size(), stamp);
-    return true;
+    if (given)
+        stampPdf(document, QDateTime::fromSecsSinceEpoch(epoch, Qt::UTC));
 }
 
 } // namespace
@@ -83,8 +75,7 @@ int main(int argc, char* argv[])
     QByteArray document = withNavigation(pages.data(), bookmarks, links);
     if (document.isEmpty())
         return fail(QStringLiteral("Cannot add bookmarks and links"));
-    if (!setCreationDate(document))
-        return fail(QStringLiteral("Cannot set the date"));
+    stamp(document);
     QFile file(arguments[2]);
     if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() ||
         !file.flush())
