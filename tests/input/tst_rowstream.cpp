@@ -127,8 +127,9 @@ void TestRowStream::rangesOfOddLines_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<std::vector<double>>("values");
-    const auto add = [](const char* name, const QByteArray& bytes, std::vector<double> values) {
-        QTest::newRow(name) << bytes << std::move(values);
+    const auto add = [](const char* name, const QByteArray& bytes,
+                        const std::vector<double>& values) {
+        QTest::newRow(name) << bytes << values;
     };
     add("carriage returns only", "1\r2\r3\r", {1, 2, 3});
     add("CR LF", "1\r\n2\r\n\r\n3", {1, 2, 3});

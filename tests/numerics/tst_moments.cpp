@@ -46,8 +46,8 @@ struct Cases
         Wide sumJ = 0;
         Wide sumK = 0;
         for (int i = 0; i < n; ++i) {
-            const Wide a = offsets[std::size_t(i * p + j)];
-            const Wide b = offsets[std::size_t(i * p + k)];
+            const Wide a = offsets[std::size_t(i) * std::size_t(p) + std::size_t(j)];
+            const Wide b = offsets[std::size_t(i) * std::size_t(p) + std::size_t(k)];
             products += a * b;
             sumJ += a;
             sumK += b;
