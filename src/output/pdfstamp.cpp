@@ -6,7 +6,6 @@
 #include <QByteArray>
 #include <QDateTime>
 
-#include <algorithm>
 #include <cctype>
 
 namespace {
@@ -22,12 +21,20 @@ void replaceTime(QByteArray& pdf, const QByteArray& key, const QByteArray& time)
         pdf.replace(begin, end - begin, stamp.leftJustified(end - begin));
 }
 
-void clearIdentifiers(QByteArray& pdf)
+/// The metadata hold the times once more.
+void replaceMetadataTime(QByteArray& pdf, const QByteArray& key, const QByteArray& time)
 {
-    const QByteArray key("/ID [");
-    for (auto at = pdf.indexOf(key, std::max<qsizetype>(pdf.lastIndexOf("trailer"), 0)); at >= 0;
-         at = pdf.indexOf(key, at + 1))
-        for (auto i = at + key.size(); i < pdf.size() && pdf[i] != ']'; ++i)
+    const auto at = pdf.indexOf(key);
+    const auto begin = at + key.size();
+    if (at >= 0 && pdf.indexOf('"', begin) == begin + time.size())
+        pdf.replace(begin, time.size(), time);
+}
+
+/// Zeros for the hexadecimal digits between @p key and @p end, wherever they stand.
+void clearIdentifiers(QByteArray& pdf, const QByteArray& key, char end)
+{
+    for (auto at = pdf.indexOf(key); at >= 0; at = pdf.indexOf(key, at + 1))
+        for (auto i = at + key.size(); i < pdf.size() && pdf[i] != end; ++i)
             if (std::isxdigit(static_cast<unsigned char>(pdf[i])))
                 pdf[i] = '0';
 }
@@ -39,5 +46,10 @@ void stampPdf(QByteArray& pdf, const QDateTime& created)
     const QByteArray time = created.toUTC().toString(u"yyyyMMddHHmmss").toLatin1();
     replaceTime(pdf, "/CreationDate (D:", time);
     replaceTime(pdf, "/ModDate (D:", time);
-    clearIdentifiers(pdf);
+    const QByteArray metadataTime =
+        created.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss").toLatin1() + "+00:00";
+    for (const char* key : {"xmp:CreateDate=\"", "xmp:ModifyDate=\"", "xmp:MetadataDate=\""})
+        replaceMetadataTime(pdf, key, metadataTime);
+    clearIdentifiers(pdf, "xmpMM:DocumentID=\"uuid:", '"');
+    clearIdentifiers(pdf, "/ID [", ']');
 }
