@@ -51,9 +51,10 @@ PelmoraSession::PelmoraSession(QObject* parent) : SessionFace(parent) {}
 // Touches no page: at the program's end they are gone before the session.
 PelmoraSession::~PelmoraSession()
 {
-    if (!m_opensFolder || inputFile().isEmpty() || !settings::openFolderAfterClosing())
+    const QString input = PelmoraSession::inputFile();
+    if (!m_opensFolder || input.isEmpty() || !settings::openFolderAfterClosing())
         return;
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(inputFile()).absolutePath()));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(input).absolutePath()));
 }
 
 void PelmoraSession::attachTabWidget(SessionTabWidget* pages)
