@@ -7,6 +7,7 @@
 #include "fuzz/fuzzsupport.h"
 #include "input/asciicorrreader.h"
 #include "input/correlationdata.h"
+#include "output/correlationtext.h"
 #include "output/numbertext.h"
 
 #include <cmath>
