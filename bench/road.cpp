@@ -150,5 +150,3 @@ BENCHMARK(walk<fastRoad>)->Name("roadFast")->Apply(shapes);
 BENCHMARK(walk<plainRoad>)->Name("roadPlain")->Apply(shapes);
 
 } // namespace
-
-BENCHMARK_MAIN();

@@ -5,9 +5,9 @@
 #
 # usage: ./dev bench [pattern]
 #
-# Runs the benchmarks (those whose names match the regular expression) on one core, five times each, and prints the
-# ratios of the medians beside the goals of bench/goals.txt. Leave the machine alone meanwhile. The table is also
-# left in build/bench/table.md.
+# Runs the benchmarks (those whose names match the regular expression) on one core, five times each (some that take long
+# less often), and prints the ratios of the medians beside the goals of bench/goals.txt. Leave the machine alone
+# meanwhile. The table is also left in build/bench/table.md.
 
 need build bench
 build bench

@@ -31,11 +31,18 @@ function row(work, fast, plain, result, goal, held) {
 
 FNR == 1 { file++ }
 
+file == 1 && /^plain forms: / { plainForms = $0 }
+
 # name_median, wall time, unit, processor time, unit, repetitions, counter=value...
-file == 1 && $1 ~ /_median$/ {
+# What is measured once has no median, and what measures itself has its time in the first place.
+file == 1 && $1 ~ /(_median|\/repeats:1)$/ {
     name = $1
     sub(/_median$/, "", name)
-    value[name] = milliseconds($4, $5)
+    sub(/\/repeats:[0-9]+/, "", name)
+    if (sub(/\/manual_time/, "", name))
+        value[name] = milliseconds($2, $3)
+    else
+        value[name] = milliseconds($4, $5)
     for (i = 7; i <= NF; i++) {
         split($i, part, "=")
         value[name ":" part[1]] = part[2]
@@ -45,6 +52,7 @@ file == 1 && $1 ~ /_median$/ {
 
 file == 2 && !header {
     header = 1
+    print plainForms "\n"
     print "| work | fast | plain | result | goal | reached |"
     print "|---|--:|--:|--:|--:|---|"
 }
