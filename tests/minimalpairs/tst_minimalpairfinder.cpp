@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "minimalpairs/minimalpairfinder.h"
+#include "support/datarows.h"
 #include "views/loadings.h"
 
 #include <QTest>
@@ -53,17 +54,16 @@ class TestMinimalPairFinder : public QObject
 private slots:
     void ranksAsBruteForce_data()
     {
-        QTest::addColumn<Shape>("shape");
-        const auto add = [](const char* name, Shape shape) { QTest::newRow(name) << shape; };
-        add("all different", [](double x) { return x; });
-        add("many ties", [](double x) { return std::round(2.0 * x) / 10.0; });
-        add("ties but for rounding",
+        const DataRows<Shape> row("shape");
+        row("all different", [](double x) { return x; });
+        row("many ties", [](double x) { return std::round(2.0 * x) / 10.0; });
+        row("ties but for rounding",
             [](double x) { return std::round(2.0 * x) / 10.0 + std::round(x) * 1e-16; });
-        add("wide range", [](double x) { return x * std::pow(10.0, 300.0 * x); });
-        add("denormal", [](double x) { return std::round(3.0 * x) * 5e-324; });
-        add("some not a number", [](double x) { return x > 0.8 ? NAN : x; });
-        add("mostly not a number", [](double x) { return x > -0.8 ? NAN : x; });
-        add("some infinite",
+        row("wide range", [](double x) { return x * std::pow(10.0, 300.0 * x); });
+        row("denormal", [](double x) { return std::round(3.0 * x) * 5e-324; });
+        row("some not a number", [](double x) { return x > 0.8 ? NAN : x; });
+        row("mostly not a number", [](double x) { return x > -0.8 ? NAN : x; });
+        row("some infinite",
             [](double x) { return std::abs(x) > 0.9 ? std::copysign(INFINITY, x) : x; });
     }
     void ranksAsBruteForce()

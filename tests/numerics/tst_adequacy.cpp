@@ -4,6 +4,7 @@
 #include "adequacycases.h"
 #include "numerics/adequacy.h"
 #include "numerics/chisquare.h"
+#include "support/datarows.h"
 
 #include <numbers>
 
@@ -127,18 +128,16 @@ void TestAdequacy::everyNumberOfCasesIsAnswered()
 /// From a computation with 60 digits.
 void TestAdequacy::tailsOfChiSquare_data()
 {
-    QTest::addColumn<double>("x");
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<double>("lnP");
-    QTest::newRow("one degree") << 3.841458820694124 << 1.0 << -2.9957322735539898;
-    QTest::newRow("far above") << 18146.065577235 << 300.0 << -8315.1794848185579;
-    QTest::newRow("at the mean") << 300.0 << 300.0 << -0.71510291281260814;
-    QTest::newRow("almost nothing") << 1e-12 << 1.0 << -7.9788487911278787e-7;
-    QTest::newRow("many degrees") << 124750.0 << 124750.0 << -0.69421265960162646;
-    QTest::newRow("many degrees, above") << 126000.0 << 124750.0 << -5.0690324811061224;
-    QTest::newRow("many degrees, below") << 124000.0 << 124750.0 << -0.068702350644828631;
-    QTest::newRow("a huge sample") << 4e12 << 19900.0 << -1999999799842.1778;
-    QTest::newRow("no exponential") << 2000.0 << 2.0 << -1000.0;
+    const DataRows<double, double, double> row("x", "degrees", "lnP");
+    row("one degree", 3.841458820694124, 1.0, -2.9957322735539898);
+    row("far above", 18146.065577235, 300.0, -8315.1794848185579);
+    row("at the mean", 300.0, 300.0, -0.71510291281260814);
+    row("almost nothing", 1e-12, 1.0, -7.9788487911278787e-7);
+    row("many degrees", 124750.0, 124750.0, -0.69421265960162646);
+    row("many degrees, above", 126000.0, 124750.0, -5.0690324811061224);
+    row("many degrees, below", 124000.0, 124750.0, -0.068702350644828631);
+    row("a huge sample", 4e12, 19900.0, -1999999799842.1778);
+    row("no exponential", 2000.0, 2.0, -1000.0);
 }
 
 void TestAdequacy::tailsOfChiSquare()

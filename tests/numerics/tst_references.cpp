@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "numericstest.h"
+#include "support/datarows.h"
 #include "support/difference.h"
 #include "support/referencefile.h"
 
@@ -56,10 +57,9 @@ void TestReferences::correlationsAgreeWithR()
 
 void TestReferences::factorsAgreeWithR_data()
 {
-    QTest::addColumn<QString>("sample");
-    QTest::addColumn<int>("factors");
-    QTest::newRow("Harman's 24 tests") << "harman-24" << 4;
-    QTest::newRow("Thurstone's boxes") << "box-problem" << 3;
+    const DataRows<QString, int> row("sample", "factors");
+    row("Harman's 24 tests", "harman-24", 4);
+    row("Thurstone's boxes", "box-problem", 3);
 }
 
 void TestReferences::factorsAgreeWithR()

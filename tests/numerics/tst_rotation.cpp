@@ -3,6 +3,7 @@
 
 #include "plain/numerics.h"
 #include "rotationdifference.h"
+#include "support/datarows.h"
 
 #include <QTest>
 
@@ -139,13 +140,11 @@ void TestRotation::theMethodsEndAtOppositeEnds()
 
 void TestRotation::aPairWithoutAnglesStays_data()
 {
-    QTest::addColumn<int>("variables");
-    QTest::addColumn<double>("diagonal");
-    QTest::addColumn<double>("others");
-    QTest::newRow("identity") << 4 << 1.0 << 0.0;
-    QTest::newRow("zeros") << 4 << 0.0 << 0.0;
-    QTest::newRow("overflow") << 4 << 1e200 << 1e200;
-    QTest::newRow("one variable") << 1 << 0.5 << 0.5;
+    const DataRows<int, double, double> row("variables", "diagonal", "others");
+    row("identity", 4, 1.0, 0.0);
+    row("zeros", 4, 0.0, 0.0);
+    row("overflow", 4, 1e200, 1e200);
+    row("one variable", 1, 0.5, 0.5);
 }
 
 void TestRotation::aPairWithoutAnglesStays()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+#include "support/datarows.h"
 #include "views/corrform.h"
 #include "views/fakesession.h"
 #include "views/loadings.h"
@@ -76,11 +77,10 @@ private slots:
 
     void longNamesAreTurned_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("turned");
-        QTest::newRow("short") << "X" << false;
-        QTest::newRow("long") << "Paragraph comprehension" << true;
-        QTest::newRow("endless") << QString(500, 'x') << true;
+        const DataRows<QString, bool> row("name", "turned");
+        row("short", "X", false);
+        row("long", "Paragraph comprehension", true);
+        row("endless", QString(500, 'x'), true);
     }
 
     void longNamesAreTurned()
@@ -97,9 +97,9 @@ private slots:
 
     void groundsTellTheSizeOfANumber_data()
     {
-        QTest::addColumn<QPalette>("palette");
-        QTest::newRow("light") << paletteOf(Qt::white, Qt::black, QColor(48, 140, 198));
-        QTest::newRow("dark") << paletteOf(QColor(35, 35, 35), Qt::white, QColor(42, 130, 218));
+        const DataRows<QPalette> row("palette");
+        row("light", paletteOf(Qt::white, Qt::black, QColor(48, 140, 198)));
+        row("dark", paletteOf(QColor(35, 35, 35), Qt::white, QColor(42, 130, 218)));
     }
 
     void groundsTellTheSizeOfANumber()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+#include "support/datarows.h"
 #include "support/dialogscript.h"
 #include "support/testsettings.h"
 #include "views/diagramgeometry.h"
@@ -166,19 +167,11 @@ private slots:
 
     void exportsProposeNamesByKind_data()
     {
-        QTest::addColumn<FactorKind>("kind");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("loadings");
-        QTest::addColumn<QString>("scores");
-        QTest::addRow("Pelmora") << FactorKind::Pelmora << "Pelmora rotated factors : "
-                                 << "okt"
-                                 << "fok";
-        QTest::addRow("Varimax") << FactorKind::Varimax << "Varimax rotated factors : "
-                                 << "max"
-                                 << "fma";
-        QTest::addRow("initial") << FactorKind::Initial << "Initial factors : "
-                                 << "ini"
-                                 << "fini";
+        const DataRows<FactorKind, QString, QString, QString> row("kind", "title", "loadings",
+                                                                  "scores");
+        row("Pelmora", FactorKind::Pelmora, "Pelmora rotated factors : ", "okt", "fok");
+        row("Varimax", FactorKind::Varimax, "Varimax rotated factors : ", "max", "fma");
+        row("initial", FactorKind::Initial, "Initial factors : ", "ini", "fini");
     }
 
     void exportsProposeNamesByKind()
