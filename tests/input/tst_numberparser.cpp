@@ -58,62 +58,58 @@ class TestNumberParser : public QObject
     Q_OBJECT
 
 private slots:
-    void decidesAsTheToolkitDoes();
-    void randomEntries();
-    void findsWhereNumbersEnd();
-};
-
-void TestNumberParser::decidesAsTheToolkitDoes()
-{
-    const QByteArray zeros(400, '0');
-    const QByteArrayList numbers =
-        QByteArray("-0 +0.5 5. -.5 9007199254740993 900719925474.0995 18446744073709551616")
-            .split(' ') +
-        QByteArrayList{QByteArray::number(1.7976931348623157e308, 'f', 0), "0." + zeros,
-                       "0." + zeros.first(22) + '1', "0." + zeros.first(323) + '5',
-                       "0." + QByteArray(1 << 20, '3')};
-    const QByteArrayList others =
-        QByteArray(" + -. --1 1-2 1+ ..5 1.2.3").split(' ') +
-        QByteArrayList{"0." + zeros + '1', "0." + zeros.first(323) + '2', QByteArray(400, '9')};
-    for (const QByteArray& text : numbers + others) {
-        const auto expected = reference(text);
-        QCOMPARE(expected.has_value(), numbers.contains(text));
-        QVERIFY2(same(parsed(text), expected), text.constData());
-        QVERIFY(same(parseNumber(QString::fromLatin1(text)), expected));
-    }
-}
-
-void TestNumberParser::randomEntries()
-{
-    QRandomGenerator random(1);
-    int common = 0;
-    for (int i = 0; i < 200'000; ++i) {
-        const QByteArray text = randomEntry(random);
-        const auto expected = reference(text);
-        QVERIFY2(same(parsed(text), expected), text.constData());
-        const QByteArray line = text + QByteArray(numberscan::margin, '7');
-        double value = 0.0;
-        if (numberscan::parseCommon(line.constData(), line.constData() + text.size(), value)) {
-            ++common;
-            QVERIFY2(same(value, expected), text.constData());
+    void decidesAsTheToolkitDoes()
+    {
+        const QByteArray zeros(400, '0');
+        const QByteArrayList numbers =
+            QByteArray("-0 +0.5 5. -.5 9007199254740993 900719925474.0995 18446744073709551616")
+                .split(' ') +
+            QByteArrayList{QByteArray::number(1.7976931348623157e308, 'f', 0), "0." + zeros,
+                           "0." + zeros.first(22) + '1', "0." + zeros.first(323) + '5',
+                           "0." + QByteArray(1 << 20, '3')};
+        const QByteArrayList others =
+            QByteArray(" + -. --1 1-2 1+ ..5 1.2.3").split(' ') +
+            QByteArrayList{"0." + zeros + '1', "0." + zeros.first(323) + '2', QByteArray(400, '9')};
+        for (const QByteArray& text : numbers + others) {
+            const auto expected = reference(text);
+            QCOMPARE(expected.has_value(), numbers.contains(text));
+            QVERIFY2(same(parsed(text), expected), text.constData());
+            QVERIFY(same(parseNumber(QString::fromLatin1(text)), expected));
         }
     }
-    QVERIFY(common > 50'000);
-}
 
-void TestNumberParser::findsWhereNumbersEnd()
-{
-    QRandomGenerator random(2);
-    for (int i = 0; i < 2'000; ++i) {
-        char window[numberscan::windowSize];
-        for (char& byte : window)
-            byte = char(random.bounded(2) ? random.bounded(256) : '+' + random.bounded(15));
-        const quint64 breaks = numberscan::breaksInWindow(window);
-        QCOMPARE(numberscan::breaksByWords(window), breaks);
-        for (int k = 0; k < int(numberscan::windowSize); ++k)
-            QCOMPARE(((breaks >> k) & 1) == 0, window[k] >= '+' && window[k] <= '9');
+    void randomEntries()
+    {
+        QRandomGenerator random(1);
+        int common = 0;
+        for (int i = 0; i < 200'000; ++i) {
+            const QByteArray text = randomEntry(random);
+            const auto expected = reference(text);
+            QVERIFY2(same(parsed(text), expected), text.constData());
+            const QByteArray line = text + QByteArray(numberscan::margin, '7');
+            double value = 0.0;
+            if (numberscan::parseCommon(line.constData(), line.constData() + text.size(), value)) {
+                ++common;
+                QVERIFY2(same(value, expected), text.constData());
+            }
+        }
+        QVERIFY(common > 50'000);
     }
-}
+
+    void findsWhereNumbersEnd()
+    {
+        QRandomGenerator random(2);
+        for (int i = 0; i < 2'000; ++i) {
+            char window[numberscan::windowSize];
+            for (char& byte : window)
+                byte = char(random.bounded(2) ? random.bounded(256) : '+' + random.bounded(15));
+            const quint64 breaks = numberscan::breaksInWindow(window);
+            QCOMPARE(numberscan::breaksByWords(window), breaks);
+            for (int k = 0; k < int(numberscan::windowSize); ++k)
+                QCOMPARE(((breaks >> k) & 1) == 0, window[k] >= '+' && window[k] <= '9');
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestNumberParser)
 #include "tst_numberparser.moc"

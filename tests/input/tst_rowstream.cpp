@@ -6,6 +6,7 @@
 #include "input/asciidata.h"
 #include "input/loading.h"
 #include "input/randomdata.h"
+#include "support/datarows.h"
 #include "support/readerrecord.h"
 #include "support/samplefile.h"
 
@@ -80,110 +81,98 @@ class TestRowStream : public QObject
     Q_OBJECT
 
 private slots:
-    void randomFilesAgainstTheReader();
-    void rangesOfOddLines_data();
-    void rangesOfOddLines();
-    void countsLinesAndColumnsFromBefore();
-    void lookedForFarBack();
-    void filesThatCannotBeOpened();
-};
+    /// Whole and in ranges of several sizes, with the same messages.
+    void randomFilesAgainstTheReader()
+    {
+        QRandomGenerator random(1);
+        for (int file = 0; file < 150; ++file) {
+            const QByteArray bytes = randomFile(random);
+            const SampleFile sample(QStringLiteral("data.txt"), bytes);
+            const auto fileSize = static_cast<std::uint64_t>(bytes.size());
+            ReaderRecord record;
+            AsciiData data;
+            const bool loaded = loadDataMatrix(sample.path(), data);
+            QStringList messages = record.takeRecord();
+            // A table without numbers is whatever comes after it.
+            messages.removeAll(QStringLiteral("Error|Error in data matrix."));
 
-/// Whole and in ranges of several sizes, with the same messages.
-void TestRowStream::randomFilesAgainstTheReader()
-{
-    QRandomGenerator random(1);
-    for (int file = 0; file < 150; ++file) {
-        const QByteArray bytes = randomFile(random);
-        const SampleFile sample(QStringLiteral("data.txt"), bytes);
-        const auto fileSize = static_cast<std::uint64_t>(bytes.size());
-        ReaderRecord record;
-        AsciiData data;
-        const bool loaded = loadDataMatrix(sample.path(), data);
-        QStringList messages = record.takeRecord();
-        // A table without numbers is whatever comes after it.
-        messages.removeAll(QStringLiteral("Error|Error in data matrix."));
-
-        std::vector<Streamed> all = {wholeFile(sample.path())};
-        QCOMPARE(record.takeRecord(), messages);
-        for (std::uint64_t size : {1, 3, 20}) {
-            all.push_back(inRanges(sample.path(), fileSize, size));
+            std::vector<Streamed> all = {wholeFile(sample.path())};
             QCOMPARE(record.takeRecord(), messages);
-        }
-        for (const Streamed& streamed : all) {
-            QCOMPARE(streamed.complete, messages.isEmpty());
-            if (!loaded)
-                continue;
-            QCOMPARE(streamed.lines, std::size_t(data.rows()));
-            QCOMPARE(streamed.columns, std::size_t(data.cols()));
-            QVERIFY2(std::equal(streamed.values.begin(), streamed.values.end(), data.matrix()[0],
-                                data.matrix()[0] + data.rows() * data.cols()),
-                     bytes.toPercentEncoding().constData());
-            QVERIFY2(sameNames(streamed, data.names()), bytes.toPercentEncoding().constData());
+            for (std::uint64_t size : {1, 3, 20}) {
+                all.push_back(inRanges(sample.path(), fileSize, size));
+                QCOMPARE(record.takeRecord(), messages);
+            }
+            for (const Streamed& streamed : all) {
+                QCOMPARE(streamed.complete, messages.isEmpty());
+                if (!loaded)
+                    continue;
+                QCOMPARE(streamed.lines, std::size_t(data.rows()));
+                QCOMPARE(streamed.columns, std::size_t(data.cols()));
+                QVERIFY2(std::equal(streamed.values.begin(), streamed.values.end(),
+                                    data.matrix()[0], data.matrix()[0] + data.rows() * data.cols()),
+                         bytes.toPercentEncoding().constData());
+                QVERIFY2(sameNames(streamed, data.names()), bytes.toPercentEncoding().constData());
+            }
         }
     }
-}
 
-void TestRowStream::rangesOfOddLines_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<std::vector<double>>("values");
-    const auto add = [](const char* name, const QByteArray& bytes,
-                        const std::vector<double>& values) {
-        QTest::newRow(name) << bytes << values;
-    };
-    add("carriage returns only", "1\r2\r3\r", {1, 2, 3});
-    add("CR LF", "1\r\n2\r\n\r\n3", {1, 2, 3});
-    add("NUL up to the line feed", QByteArray("1\r2\0 3\r4\r5\n6\r7", 15), {1, 2, 6, 7});
-    add("NUL and no line feed", QByteArray("1\r2\r\0\r3\r4", 9), {1, 2});
-    add("two NULs", QByteArray("1\n\0a\0\r2\n3", 9), {1, 3});
-    add("no numbers", "", {});
-}
+    void rangesOfOddLines_data()
+    {
+        const DataRows<QByteArray, std::vector<double>> row("bytes", "values");
+        row("carriage returns only", "1\r2\r3\r", {1, 2, 3});
+        row("CR LF", "1\r\n2\r\n\r\n3", {1, 2, 3});
+        row("NUL up to the line feed", QByteArray("1\r2\0 3\r4\r5\n6\r7", 15), {1, 2, 6, 7});
+        row("NUL and no line feed", QByteArray("1\r2\r\0\r3\r4", 9), {1, 2});
+        row("two NULs", QByteArray("1\n\0a\0\r2\n3", 9), {1, 3});
+        row("no numbers", "", {});
+    }
 
-void TestRowStream::rangesOfOddLines()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(std::vector<double>, values);
-    const SampleFile sample(QStringLiteral("data.txt"), bytes);
-    const auto fileSize = static_cast<std::uint64_t>(bytes.size());
-    QCOMPARE(wholeFile(sample.path()).values, values);
-    for (std::uint64_t size = 1; size <= fileSize; ++size)
-        QCOMPARE(inRanges(sample.path(), fileSize, size).values, values);
-}
+    void rangesOfOddLines()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(std::vector<double>, values);
+        const SampleFile sample(QStringLiteral("data.txt"), bytes);
+        const auto fileSize = static_cast<std::uint64_t>(bytes.size());
+        QCOMPARE(wholeFile(sample.path()).values, values);
+        for (std::uint64_t size = 1; size <= fileSize; ++size)
+            QCOMPARE(inRanges(sample.path(), fileSize, size).values, values);
+    }
 
-void TestRowStream::countsLinesAndColumnsFromBefore()
-{
-    const SampleFile sample(QStringLiteral("data.txt"), "1 2\n3 4\n5 x\n6 -\n");
-    ReaderRecord record;
-    RowStream stream(sample.path());
-    stream.continueBehind(100, 2);
-    QCOMPARE(stream.read(10, [](auto...) {}), RowStream::Refused);
-    RowStream narrow(sample.path());
-    narrow.continueBehind(0, 3);
-    QCOMPARE(narrow.read(10, [](auto...) {}), RowStream::Refused);
-    QCOMPARE(record.takeRecord(),
-             QStringList({"Error while reading data|Entry in line 102 and column 1 is not a "
-                          "number: -",
-                          "Error while reading data|Line 0 has different number of entries "
-                          "compared to line no.1."}));
-}
+    void countsLinesAndColumnsFromBefore()
+    {
+        const SampleFile sample(QStringLiteral("data.txt"), "1 2\n3 4\n5 x\n6 -\n");
+        ReaderRecord record;
+        RowStream stream(sample.path());
+        stream.continueBehind(100, 2);
+        QCOMPARE(stream.read(10, [](auto...) {}), RowStream::Refused);
+        RowStream narrow(sample.path());
+        narrow.continueBehind(0, 3);
+        QCOMPARE(narrow.read(10, [](auto...) {}), RowStream::Refused);
+        QCOMPARE(record.takeRecord(),
+                 QStringList({"Error while reading data|Entry in line 102 and column 1 is not a "
+                              "number: -",
+                              "Error while reading data|Line 0 has different number of entries "
+                              "compared to line no.1."}));
+    }
 
-/// Lines that are longer than what is looked at in one step.
-void TestRowStream::lookedForFarBack()
-{
-    const QByteArray longLine = "x" + QByteArray(300'000, '1');
-    const QByteArray bytes = "1\r" + longLine + "\r2\n3\r" + longLine + "\n4\n";
-    const SampleFile sample(QStringLiteral("data.txt"), bytes);
-    for (std::uint64_t size : {70'000, 299'999, 300'003, 400'000})
-        QCOMPARE(inRanges(sample.path(), static_cast<std::uint64_t>(bytes.size()), size).values,
-                 std::vector<double>({1, 2, 3, 4}));
-}
+    /// Lines that are longer than what is looked at in one step.
+    void lookedForFarBack()
+    {
+        const QByteArray longLine = "x" + QByteArray(300'000, '1');
+        const QByteArray bytes = "1\r" + longLine + "\r2\n3\r" + longLine + "\n4\n";
+        const SampleFile sample(QStringLiteral("data.txt"), bytes);
+        for (std::uint64_t size : {70'000, 299'999, 300'003, 400'000})
+            QCOMPARE(inRanges(sample.path(), static_cast<std::uint64_t>(bytes.size()), size).values,
+                     std::vector<double>({1, 2, 3, 4}));
+    }
 
-void TestRowStream::filesThatCannotBeOpened()
-{
-    const SampleFile sample(QStringLiteral("data.txt"), "1 2\n");
-    for (const QString& path : {sample.folder(), sample.folder() + QStringLiteral("/none")})
-        QCOMPARE(RowStream(path).read(10, [](auto...) {}), RowStream::CannotOpen);
-}
+    void filesThatCannotBeOpened()
+    {
+        const SampleFile sample(QStringLiteral("data.txt"), "1 2\n");
+        for (const QString& path : {sample.folder(), sample.folder() + QStringLiteral("/none")})
+            QCOMPARE(RowStream(path).read(10, [](auto...) {}), RowStream::CannotOpen);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestRowStream)
 #include "tst_rowstream.moc"
