@@ -6,6 +6,7 @@
 #include "app/errorbox.h"
 #include "app/mainwindow.h"
 #include "app/pelmorasession.h"
+#include "support/datarows.h"
 #include "support/dialogscript.h"
 #include "support/samplefile.h"
 #include "support/testsettings.h"

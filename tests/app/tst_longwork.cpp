@@ -57,15 +57,6 @@ public:
         LongWork::patience() = atOnce;
     }
 
-private slots:
-    void shortWorkShowsNothing();
-    void cancelledOpeningLeavesNoSession_data();
-    void cancelledOpeningLeavesNoSession();
-    void cancelledOrientationLeavesEverything();
-    void cancelledPagesAreNotMade();
-    void aCancelledImageIsNowhere();
-    void nothingElseCanBeDoneMeanwhile();
-
 private:
     void look()
     {
@@ -89,145 +80,142 @@ private:
     QString m_cancelAt; ///< beginning of the text at which "Cancel" is pressed
     QStringList m_seen; ///< texts, in order, each once
     std::function<void()> m_whenSeen;
-};
 
-void TestLongWork::shortWorkShowsNothing()
-{
-    LongWork::patience() = std::chrono::milliseconds(800);
-    openSession(SampleFile("small.txt", fourCases).path());
-    LongWork::patience() = atOnce;
-    QCOMPARE(m_seen, QStringList());
-}
-
-void TestLongWork::cancelledOpeningLeavesNoSession_data()
-{
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<QString>("cancelAt");
-    QTest::newRow("reading") << "actionDataASCII"
-                             << "Reading big.txt";
-    QTest::newRow("correlations") << "actionDataASCII"
-                                  << "Correlations";
-    QTest::newRow("eigenvalues") << "actionDataASCII"
-                                 << "Eigenvalues: sweep 3";
-    QTest::newRow("reading correlations") << "actionCorrASCII"
-                                          << "Reading big.txt";
-    QTest::newRow("their eigenvalues") << "actionCorrASCII"
-                                       << "Eigenvalues: sweep 2";
-}
-
-void TestLongWork::cancelledOpeningLeavesNoSession()
-{
-    QFETCH(QString, action);
-    QFETCH(QString, cancelAt);
-    const bool rawData = action == QLatin1String("actionDataASCII");
-    const SampleFile small("small.txt", fourCases);
-    read("actionDataASCII", small.path());
-    const QString before = message();
-    m_dialogs.takeRecord();
-
-    const SampleFile big("big.txt", rawData ? cases(500, 200) : equicorrelated(300));
-    m_seen.clear();
-    m_cancelAt = cancelAt;
-    read(action, big.path());
-    m_cancelAt.clear();
-    QVERIFY2(!m_seen.isEmpty() && m_seen.last().startsWith(cancelAt), qPrintable(m_seen.join('|')));
-    QCOMPARE(sessions()->count(), 1);
-    QCOMPARE(m_window->findChildren<PelmoraSession*>().size(), 1);
-    QCOMPARE(message(), before);
-    QCOMPARE(m_opened, QStringList());
-    // The dialogs for the file and for the progress, and no box.
-    QCOMPARE(m_dialogs.takeRecord().filter("Error"), QStringList());
-    QCOMPARE(m_settings.get(rawData ? "Input/LastDataASCIILocation" : "Input/LastCorrASCIILocation")
-                 .toString(),
-             big.path());
-
-    read(action, big.path());
-    QCOMPARE(sessions()->count(), 2);
-}
-
-void TestLongWork::cancelledOrientationLeavesEverything()
-{
-    read("actionDataASCII", SampleFile("wide.txt", cases(400, 80)).path());
-    const auto* raw = pages()->widget(0);
-    const QWidget* correlations = pages()->widget(1);
-    const QWidget* pca = pages()->widget(2);
-    const double first = session()->decomposition().eigenvalues[0];
-    auto* columnWise = raw->findChild<QRadioButton*>("radioButtonColumnWise");
-    auto* rowWise = raw->findChild<QRadioButton*>("radioButtonRowWise");
-    for (const char* step : {"Correlations", "Eigenvalues"}) {
-        m_cancelAt = step;
-        rowWise->click();
-        QVERIFY(columnWise->isChecked());
-        QVERIFY(!session()->isRowWise());
-        QCOMPARE(pages()->widget(1), correlations);
-        QCOMPARE(pages()->widget(2), pca);
-        QCOMPARE(session()->decomposition().eigenvalues.size(), 80);
-        QCOMPARE(session()->decomposition().eigenvalues[0], first);
+private slots:
+    void shortWorkShowsNothing()
+    {
+        LongWork::patience() = std::chrono::milliseconds(800);
+        openSession(SampleFile("small.txt", fourCases).path());
+        LongWork::patience() = atOnce;
+        QCOMPARE(m_seen, QStringList());
     }
-    m_cancelAt.clear();
-    rowWise->click();
-    QVERIFY(session()->isRowWise());
-    QCOMPARE(session()->decomposition().eigenvalues.size(), 400);
-}
 
-void TestLongWork::cancelledPagesAreNotMade()
-{
-    read("actionDataASCII", SampleFile("data.txt", cases(400, 120)).path());
-    for (auto* box : pages()->currentWidget()->findChildren<QCheckBox*>())
-        box->setChecked(true);
-    find<QSpinBox>("spinBoxNumberOfFactors")->setValue(40);
-    auto* start = find<QPushButton>("processButton");
-    m_cancelAt = "Rotating: sweep";
-    start->click();
-    QCOMPARE(pages()->count(), 3);
+    void cancelledOpeningLeavesNoSession_data()
+    {
+        const DataRows<QString, QString> row("action", "cancelAt");
+        row("reading", "actionDataASCII", "Reading big.txt");
+        row("correlations", "actionDataASCII", "Correlations");
+        row("eigenvalues", "actionDataASCII", "Eigenvalues: sweep 3");
+        row("reading correlations", "actionCorrASCII", "Reading big.txt");
+        row("their eigenvalues", "actionCorrASCII", "Eigenvalues: sweep 2");
+    }
 
-    // What is complete stays.
-    m_cancelAt.clear();
-    QTimer untilSecond;
-    untilSecond.setInterval(0);
-    connect(&untilSecond, &QTimer::timeout, this, [this] {
-        if (pages()->count() > 3)
-            m_cancelAt = "Rotating";
-    });
-    untilSecond.start();
-    start->click();
-    m_cancelAt.clear();
-    QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA", "Pelmora[40]"}));
-}
+    void cancelledOpeningLeavesNoSession()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, cancelAt);
+        const bool rawData = action == QLatin1String("actionDataASCII");
+        const SampleFile small("small.txt", fourCases);
+        read("actionDataASCII", small.path());
+        const QString before = message();
+        m_dialogs.takeRecord();
 
-void TestLongWork::aCancelledImageIsNowhere()
-{
-    openSession(SampleFile("data.txt", cases(30, 20)).path());
-    pages()->setCurrentIndex(3);
-    QGuiApplication::clipboard()->setText("before");
-    m_dialogs.takeRecord();
-    m_cancelAt = "Drawing the image";
-    find<QPushButton>("ImageButton")->click();
-    m_cancelAt.clear();
-    QVERIFY(m_seen.contains("Drawing the image"));
-    QCOMPARE(QGuiApplication::clipboard()->text(), "before");
-    QCOMPARE(m_dialogs.takeRecord(), QStringList());
-}
+        const SampleFile big("big.txt", rawData ? cases(500, 200) : equicorrelated(300));
+        m_seen.clear();
+        m_cancelAt = cancelAt;
+        read(action, big.path());
+        m_cancelAt.clear();
+        QVERIFY2(!m_seen.isEmpty() && m_seen.last().startsWith(cancelAt),
+                 qPrintable(m_seen.join('|')));
+        QCOMPARE(sessions()->count(), 1);
+        QCOMPARE(m_window->findChildren<PelmoraSession*>().size(), 1);
+        QCOMPARE(message(), before);
+        QCOMPARE(m_opened, QStringList());
+        // The dialogs for the file and for the progress, and no box.
+        QCOMPARE(m_dialogs.takeRecord().filter("Error"), QStringList());
+        QCOMPARE(
+            m_settings.get(rawData ? "Input/LastDataASCIILocation" : "Input/LastCorrASCIILocation")
+                .toString(),
+            big.path());
 
-void TestLongWork::nothingElseCanBeDoneMeanwhile()
-{
-    read("actionDataASCII", SampleFile("small.txt", fourCases).path());
-    m_window->show();
-    m_dialogs.takeRecord();
-    bool closed = true;
-    m_whenSeen = [this, &closed] {
-        trigger("actionDataASCII");
-        emit sessions()->tabCloseRequested(0);
-        closed = m_window->close();
-    };
-    m_seen.clear();
-    const SampleFile big("big.txt", cases(500, 150));
-    read("actionDataASCII", big.path());
-    QVERIFY(!m_seen.isEmpty());
-    QVERIFY(!closed);
-    QVERIFY(m_window->isVisible());
-    QCOMPARE(sessions()->count(), 2);
-}
+        read(action, big.path());
+        QCOMPARE(sessions()->count(), 2);
+    }
+
+    void cancelledOrientationLeavesEverything()
+    {
+        read("actionDataASCII", SampleFile("wide.txt", cases(400, 80)).path());
+        const auto* raw = pages()->widget(0);
+        const QWidget* correlations = pages()->widget(1);
+        const QWidget* pca = pages()->widget(2);
+        const double first = session()->decomposition().eigenvalues[0];
+        auto* columnWise = raw->findChild<QRadioButton*>("radioButtonColumnWise");
+        auto* rowWise = raw->findChild<QRadioButton*>("radioButtonRowWise");
+        for (const char* step : {"Correlations", "Eigenvalues"}) {
+            m_cancelAt = step;
+            rowWise->click();
+            QVERIFY(columnWise->isChecked());
+            QVERIFY(!session()->isRowWise());
+            QCOMPARE(pages()->widget(1), correlations);
+            QCOMPARE(pages()->widget(2), pca);
+            QCOMPARE(session()->decomposition().eigenvalues.size(), 80);
+            QCOMPARE(session()->decomposition().eigenvalues[0], first);
+        }
+        m_cancelAt.clear();
+        rowWise->click();
+        QVERIFY(session()->isRowWise());
+        QCOMPARE(session()->decomposition().eigenvalues.size(), 400);
+    }
+
+    void cancelledPagesAreNotMade()
+    {
+        read("actionDataASCII", SampleFile("data.txt", cases(400, 120)).path());
+        for (auto* box : pages()->currentWidget()->findChildren<QCheckBox*>())
+            box->setChecked(true);
+        find<QSpinBox>("spinBoxNumberOfFactors")->setValue(40);
+        auto* start = find<QPushButton>("processButton");
+        m_cancelAt = "Rotating: sweep";
+        start->click();
+        QCOMPARE(pages()->count(), 3);
+
+        // What is complete stays.
+        m_cancelAt.clear();
+        QTimer untilSecond;
+        untilSecond.setInterval(0);
+        connect(&untilSecond, &QTimer::timeout, this, [this] {
+            if (pages()->count() > 3)
+                m_cancelAt = "Rotating";
+        });
+        untilSecond.start();
+        start->click();
+        m_cancelAt.clear();
+        QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA", "Pelmora[40]"}));
+    }
+
+    void aCancelledImageIsNowhere()
+    {
+        openSession(SampleFile("data.txt", cases(30, 20)).path());
+        pages()->setCurrentIndex(3);
+        QGuiApplication::clipboard()->setText("before");
+        m_dialogs.takeRecord();
+        m_cancelAt = "Drawing the image";
+        find<QPushButton>("ImageButton")->click();
+        m_cancelAt.clear();
+        QVERIFY(m_seen.contains("Drawing the image"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), "before");
+        QCOMPARE(m_dialogs.takeRecord(), QStringList());
+    }
+
+    void nothingElseCanBeDoneMeanwhile()
+    {
+        read("actionDataASCII", SampleFile("small.txt", fourCases).path());
+        m_window->show();
+        m_dialogs.takeRecord();
+        bool closed = true;
+        m_whenSeen = [this, &closed] {
+            trigger("actionDataASCII");
+            emit sessions()->tabCloseRequested(0);
+            closed = m_window->close();
+        };
+        m_seen.clear();
+        const SampleFile big("big.txt", cases(500, 150));
+        read("actionDataASCII", big.path());
+        QVERIFY(!m_seen.isEmpty());
+        QVERIFY(!closed);
+        QVERIFY(m_window->isVisible());
+        QCOMPARE(sessions()->count(), 2);
+    }
+};
 
 QTEST_MAIN(TestLongWork)
 #include "tst_longwork.moc"

@@ -34,64 +34,59 @@ class TestShortMemory : public AppTest
     Q_OBJECT
 
 private slots:
-    void aMatrixWithoutRoomIsTold_data();
-    void aMatrixWithoutRoomIsTold();
-    void theOrientationIsPutBack();
-};
-
-void TestShortMemory::aMatrixWithoutRoomIsTold_data()
-{
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("raw data") << QStringLiteral("actionDataASCII") << fourCases;
-    QTest::newRow("correlations") << QStringLiteral("actionCorrASCII") << QByteArray("1\n.3 1\n");
-}
-
-void TestShortMemory::aMatrixWithoutRoomIsTold()
-{
-    QFETCH(QString, action);
-    QFETCH(QByteArray, bytes);
-    const SampleFile file("data.txt", bytes);
-    const QString blocks = QStringLiteral("Error|allocation failure %1 in matrix()");
-    const QString told = QStringLiteral("Error|Not enough memory for loading matrix.");
-    QSet<QString> blocksTold;
-    for (int successes = 0; blocksTold.size() < 2 && successes < 20; ++successes) {
-        m_dialogs.takeRecord();
-        m_dialogs.onDialog([&](QDialog* dialog) {
-            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file.path());
-            allocationsBeforeFailure = successes;
-            QMetaObject::invokeMethod(dialog, "accept");
-        });
-        trigger(action);
-        allocationsBeforeFailure = -1;
-        const QStringList boxes = m_dialogs.takeRecord().mid(1);
-        if (boxes.value(1) == told && boxes.size() == 2) {
-            blocksTold << boxes.first();
-            QCOMPARE(sessions()->count(), 0);
-        }
-        while (sessions()->count() > 0)
-            emit sessions()->tabCloseRequested(0);
+    void aMatrixWithoutRoomIsTold_data()
+    {
+        const DataRows<QString, QByteArray> row("action", "bytes");
+        row("raw data", "actionDataASCII", fourCases);
+        row("correlations", "actionCorrASCII", "1\n.3 1\n");
     }
-    QCOMPARE(blocksTold, QSet<QString>({blocks.arg(1), blocks.arg(2)}));
-}
 
-void TestShortMemory::theOrientationIsPutBack()
-{
-    const SampleFile file("data.txt", fourCases);
-    read("actionDataASCII", file.path());
-    pages()->setCurrentIndex(0);
-    m_dialogs.takeRecord();
-    allocationsBeforeFailure = 0;
-    find<QRadioButton>("radioButtonRowWise")->click();
-    allocationsBeforeFailure = -1;
-    QCOMPARE(m_dialogs.takeRecord().filter("allocation failure").size(), 1);
-    QVERIFY(!session()->isRowWise());
-    QVERIFY(find<QRadioButton>("radioButtonColumnWise")->isChecked());
-    QCOMPARE(session()->variableNames().size(), 3);
-    find<QRadioButton>("radioButtonRowWise")->click();
-    QVERIFY(session()->isRowWise());
-    QCOMPARE(session()->variableNames().size(), 4);
-}
+    void aMatrixWithoutRoomIsTold()
+    {
+        QFETCH(QString, action);
+        QFETCH(QByteArray, bytes);
+        const SampleFile file("data.txt", bytes);
+        const QString blocks = QStringLiteral("Error|allocation failure %1 in matrix()");
+        const QString told = QStringLiteral("Error|Not enough memory for loading matrix.");
+        QSet<QString> blocksTold;
+        for (int successes = 0; blocksTold.size() < 2 && successes < 20; ++successes) {
+            m_dialogs.takeRecord();
+            m_dialogs.onDialog([&](QDialog* dialog) {
+                dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file.path());
+                allocationsBeforeFailure = successes;
+                QMetaObject::invokeMethod(dialog, "accept");
+            });
+            trigger(action);
+            allocationsBeforeFailure = -1;
+            const QStringList boxes = m_dialogs.takeRecord().mid(1);
+            if (boxes.value(1) == told && boxes.size() == 2) {
+                blocksTold << boxes.first();
+                QCOMPARE(sessions()->count(), 0);
+            }
+            while (sessions()->count() > 0)
+                emit sessions()->tabCloseRequested(0);
+        }
+        QCOMPARE(blocksTold, QSet<QString>({blocks.arg(1), blocks.arg(2)}));
+    }
+
+    void theOrientationIsPutBack()
+    {
+        const SampleFile file("data.txt", fourCases);
+        read("actionDataASCII", file.path());
+        pages()->setCurrentIndex(0);
+        m_dialogs.takeRecord();
+        allocationsBeforeFailure = 0;
+        find<QRadioButton>("radioButtonRowWise")->click();
+        allocationsBeforeFailure = -1;
+        QCOMPARE(m_dialogs.takeRecord().filter("allocation failure").size(), 1);
+        QVERIFY(!session()->isRowWise());
+        QVERIFY(find<QRadioButton>("radioButtonColumnWise")->isChecked());
+        QCOMPARE(session()->variableNames().size(), 3);
+        find<QRadioButton>("radioButtonRowWise")->click();
+        QVERIFY(session()->isRowWise());
+        QCOMPARE(session()->variableNames().size(), 4);
+    }
+};
 
 QTEST_MAIN(TestShortMemory)
 #include "tst_shortmemory.moc"

@@ -22,71 +22,68 @@ class TestStartup : public QObject
     Q_OBJECT
 
 private slots:
-    void whatIsReportedIsShown(); // before anything else is installed
-    void welcomeStandsForItsTime();
-    void theProgramIsNamed();
-};
-
-void TestStartup::welcomeStandsForItsTime()
-{
-    TestSettings settings;
-    for (const bool hidden : {false, true}) {
-        if (hidden)
-            settings.set(QStringLiteral("ShowSplash"), false);
-        bool hasIcon = false;
-        bool splashLeft = true;
-        // Fires until it does so in the event loop itself and not in a round before it.
-        QTimer inspect;
-        connect(&inspect, &QTimer::timeout, qApp, [&] {
-            splashLeft = false;
-            for (const QWidget* widget : QApplication::topLevelWidgets()) {
-                if (qobject_cast<const QMainWindow*>(widget))
-                    hasIcon = !widget->windowIcon().isNull();
-                splashLeft |= qobject_cast<const QSplashScreen*>(widget) && widget->isVisible();
+    /// Nothing else than the start says where the reports of the numerics and the readers go.
+    /// First, before anything is installed.
+    void whatIsReportedIsShown()
+    {
+        TestSettings settings;
+        settings.set(QStringLiteral("ShowSplash"), false);
+        DialogScript dialogs;
+        // Fires until it does so in the event loop itself, but not while the boxes stand.
+        QTimer report;
+        bool reported = false;
+        connect(&report, &QTimer::timeout, qApp, [&] {
+            report.stop();
+            if (!std::exchange(reported, true)) {
+                pelmora::reportError("allocation failure in dvector()");
+                reportReaderMessage({ReaderMessage::Severity::Warning, "title", "text"});
             }
-            QCoreApplication::exit(3);
+            report.start(0);
+            QCoreApplication::exit();
         });
-        inspect.start(0);
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(runProgram(*qApp), 3);
-        QCOMPARE(timer.elapsed() >= 3000, !hidden);
-        QVERIFY(hasIcon);
-        QVERIFY(!splashLeft);
-    }
-}
-
-/// Nothing else than the start says where the reports of the numerics and the readers go.
-void TestStartup::whatIsReportedIsShown()
-{
-    TestSettings settings;
-    settings.set(QStringLiteral("ShowSplash"), false);
-    DialogScript dialogs;
-    // Fires until it does so in the event loop itself, but not while the boxes stand.
-    QTimer report;
-    bool reported = false;
-    connect(&report, &QTimer::timeout, qApp, [&] {
-        report.stop();
-        if (!std::exchange(reported, true)) {
-            pelmora::reportError("allocation failure in dvector()");
-            reportReaderMessage({ReaderMessage::Severity::Warning, "title", "text"});
-        }
         report.start(0);
-        QCoreApplication::exit();
-    });
-    report.start(0);
-    runProgram(*qApp);
-    QCOMPARE(dialogs.takeRecord(),
-             QStringList({"Error|allocation failure in dvector()", "title|text"}));
-}
+        runProgram(*qApp);
+        QCOMPARE(dialogs.takeRecord(),
+                 QStringList({"Error|allocation failure in dvector()", "title|text"}));
+    }
 
-void TestStartup::theProgramIsNamed()
-{
-    nameApplication();
-    QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Pelmora"));
-    QCOMPARE(QCoreApplication::organizationName(), QCoreApplication::organizationDomain());
-    QCOMPARE(QCoreApplication::organizationName(), QLatin1String(product::organisation));
-}
+    void welcomeStandsForItsTime()
+    {
+        TestSettings settings;
+        for (const bool hidden : {false, true}) {
+            if (hidden)
+                settings.set(QStringLiteral("ShowSplash"), false);
+            bool hasIcon = false;
+            bool splashLeft = true;
+            // Fires until it does so in the event loop itself and not in a round before it.
+            QTimer inspect;
+            connect(&inspect, &QTimer::timeout, qApp, [&] {
+                splashLeft = false;
+                for (const QWidget* widget : QApplication::topLevelWidgets()) {
+                    if (qobject_cast<const QMainWindow*>(widget))
+                        hasIcon = !widget->windowIcon().isNull();
+                    splashLeft |= qobject_cast<const QSplashScreen*>(widget) && widget->isVisible();
+                }
+                QCoreApplication::exit(3);
+            });
+            inspect.start(0);
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(runProgram(*qApp), 3);
+            QCOMPARE(timer.elapsed() >= 3000, !hidden);
+            QVERIFY(hasIcon);
+            QVERIFY(!splashLeft);
+        }
+    }
+
+    void theProgramIsNamed()
+    {
+        nameApplication();
+        QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Pelmora"));
+        QCOMPARE(QCoreApplication::organizationName(), QCoreApplication::organizationDomain());
+        QCOMPARE(QCoreApplication::organizationName(), QLatin1String(product::organisation));
+    }
+};
 
 QTEST_MAIN(TestStartup)
 #include "tst_startup.moc"
