@@ -11,8 +11,8 @@
 #include "views/roworder.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QTableView>
 
@@ -81,13 +81,3 @@ void rowOrder(benchmark::State& state)
 BENCHMARK(drawingPdf)->Args({500, 30})->Unit(benchmark::kMillisecond);
 BENCHMARK(drawingSvg)->Args({500, 30})->Unit(benchmark::kMillisecond);
 BENCHMARK(rowOrder)->Args({1000, 5})->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -15,7 +15,7 @@
 #include <benchmark/benchmark.h>
 
 #include <map>
-#include <utility>
+#include <tuple>
 
 using namespace pelmora;
 
@@ -48,24 +48,28 @@ void decompose(benchmark::State& state)
     }
 }
 
-const samples::Unrotated& unrotatedFactors(int variables, int factors)
+const samples::Unrotated& unrotatedFactors(int variables, int factors, int dataSet)
 {
-    static std::map<std::pair<int, int>, samples::Unrotated> made;
-    const auto [place, isNew] = made.try_emplace({variables, factors});
+    static std::map<std::tuple<int, int, int>, samples::Unrotated> made;
+    const auto [place, isNew] = made.try_emplace({variables, factors, dataSet});
     if (isNew)
-        place->second = samples::unrotatedFactors(variables, factors);
+        place->second = samples::unrotatedFactors(variables, factors, dataSet);
     return place->second;
 }
 
-template <auto rotateForm, RotationMethod method>
+/// Several data sets take turns.
+template <auto rotateForm, RotationMethod method, int dataSets = 1>
 void turnFactors(benchmark::State& state)
 {
     const int p = int(state.range(0));
     const int m = int(state.range(1));
-    const samples::Unrotated& start = unrotatedFactors(p, m);
+    for (int i = 0; i < dataSets; ++i)
+        unrotatedFactors(p, m, i);
     Matrix l(p, m + 1);
     Matrix b(p, m);
+    int turn = 0;
     for (auto _ : state) {
+        const samples::Unrotated& start = unrotatedFactors(p, m, turn++ % dataSets);
         samples::copyInto(l, start.loadings);
         samples::copyInto(b, start.coefficients);
         rotateForm(l.rowPointers(), b.rowPointers(), m, p, method);
@@ -127,6 +131,15 @@ void scoreSizes(benchmark::internal::Benchmark* benchmark)
     benchmark->Unit(benchmark::kMillisecond);
 }
 
+/// How many sweeps a rotation needs is a matter of luck.
+constexpr int luck = 5;
+
+void moreFactors(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgsProduct({{500}, {25, 35, 50, 70, 100}});
+    benchmark->Unit(benchmark::kMillisecond)->Iterations(luck);
+}
+
 BENCHMARK(standardise<correlate>)->Name("correlateFast")->Apply(dataSizes);
 BENCHMARK(standardise<plain::correlate>)->Name("correlatePlain")->Apply(dataSizes);
 BENCHMARK(decompose<jacobi>)->Name("jacobiFast")->Apply(matrixSizes);
@@ -146,6 +159,18 @@ BENCHMARK(turnFactors<pelmora::rotate, PelmoraRotation>)
     ->Apply(manyFactors<3>);
 BENCHMARK(turnFactors<plain::rotate, PelmoraRotation>)->Name("pelmoraPlain")->Apply(factorSizes);
 BENCHMARK(turnFactors<plain::rotate, PelmoraRotation>)->Name("pelmoraPlain")->Apply(manyFactors<1>);
+
+BENCHMARK(decompose<jacobi>)
+    ->Name("growthJacobi")
+    ->ArgsProduct({{250, 350, 500, 700, 1000, 1400, 2000}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(turnFactors<pelmora::rotate, VarimaxRotation, luck>)
+    ->Name("growthVarimax")
+    ->Apply(moreFactors);
+BENCHMARK(turnFactors<pelmora::rotate, PelmoraRotation, luck>)
+    ->Name("growthPelmora")
+    ->Apply(moreFactors);
+
 BENCHMARK(formScores<multiply>)->Name("productFast")->Apply(scoreSizes);
 BENCHMARK(formScores<plain::multiply>)->Name("productPlain")->Apply(scoreSizes);
 

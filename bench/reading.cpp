@@ -7,15 +7,13 @@
 
 #include "input/asciidata.h"
 #include "input/asciidatareader.h"
+#include "numerics/factoranalysis.h"
 #include "numerics/owners.h"
 #include "plain/reader.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "samplefile.h"
 
 #include <benchmark/benchmark.h>
 
-#include <random>
 #include <stdexcept>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -23,45 +21,18 @@
 
 namespace {
 
-/// A raw data file with four decimals per number, 7.8 bytes with the separator, and names.
-class SampleFile
+void read(const QString& path, AsciiData& data)
 {
-public:
-    SampleFile(int rows, int columns)
-    {
-        std::mt19937 random(1);
-        std::normal_distribution<double> normal(0.0, 10.0);
-        QByteArray text;
-        for (int i = 0; i < rows; ++i)
-            for (int j = 0; j < columns; ++j)
-                text += QByteArray::number(normal(random), 'f', 4) + (j + 1 < columns ? ' ' : '\n');
-        for (int j = 1; j <= columns; ++j)
-            text +=
-                "vname\t" + QByteArray::number(j) + "\tVariable " + QByteArray::number(j) + '\n';
-        QFile file(path());
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            throw std::runtime_error("cannot write the sample file");
-    }
-
-    QString path() const { return m_folder.filePath(QStringLiteral("sample.txt")); }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-const SampleFile& sampleFile(int rows, int columns)
-{
-    static const SampleFile file(rows, columns);
-    return file;
+    AsciiDataReader reader(path, nullptr);
+    if (!reader.readFile() || !reader.checkConsistency() ||
+        !data.allocate(reader.lineCount(), reader.columnCount()) || !reader.getData(data))
+        throw std::runtime_error("cannot read the sample file");
 }
 
 void readFast(const QString& path)
 {
-    AsciiDataReader reader(path, nullptr);
     AsciiData data;
-    if (!reader.readFile() || !reader.checkConsistency() ||
-        !data.allocate(reader.lineCount(), reader.columnCount()) || !reader.getData(data))
-        throw std::runtime_error("cannot read the sample file");
+    read(path, data);
     benchmark::DoNotOptimize(data.matrix()[0][0]);
 }
 
@@ -100,7 +71,8 @@ void reading(benchmark::State& state)
 {
     const int rows = static_cast<int>(state.range(0));
     const int columns = static_cast<int>(state.range(1));
-    const QString path = sampleFile(rows, columns).path();
+    static const samples::File file(rows, columns);
+    const QString path = file.path();
     // Before this process has any room left from earlier runs.
     static const double bare = peakMemory([] {});
     static const double peak = peakMemory([&path] { Read(path); });
@@ -119,10 +91,26 @@ void readingPlain(benchmark::State& state)
     reading<readPlain>(state);
 }
 
+void readAndCorrelate(benchmark::State& state)
+{
+    const samples::File file(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    for (auto _ : state) {
+        AsciiData data;
+        read(file.path(), data);
+        const auto correlations = pelmora::formCorrelations(data.matrix(), false);
+        benchmark::DoNotOptimize(correlations.matrix[0][0]);
+    }
+}
+
 } // namespace
 
 // The fast form comes first: it would find room in what the plain one has left.
 BENCHMARK(readingFast)->Args({100000, 50})->Unit(benchmark::kMillisecond);
 BENCHMARK(readingPlain)->Args({100000, 50})->Unit(benchmark::kMillisecond);
+BENCHMARK(readAndCorrelate)
+    ->Name("growthReading")
+    ->ArgsProduct({{62500, 125000, 250000, 500000, 1000000}, {50}})
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 
 BENCHMARK_MAIN();

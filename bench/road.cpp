@@ -13,14 +13,11 @@
 #include "numerics/rotation.h"
 #include "plain/numerics.h"
 #include "plain/reader.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "samplefile.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <random>
 #include <stdexcept>
 
 using namespace pelmora;
@@ -28,36 +25,6 @@ using namespace pelmora;
 namespace {
 
 constexpr int methods[] = {PelmoraRotation, VarimaxRotation, NoRotation};
-
-/// Cases of variables that depend on one factor per ten of them, and on chance.
-class StructuredFile
-{
-public:
-    StructuredFile(int cases, int variables) : m_path(m_folder.filePath(QStringLiteral("road.txt")))
-    {
-        std::mt19937 random(7);
-        std::normal_distribution<double> normal;
-        QByteArray text;
-        for (int i = 0; i < cases; ++i) {
-            double factor = 0.0;
-            for (int j = 0; j < variables; ++j) {
-                if (j % 10 == 0)
-                    factor = normal(random);
-                text += QByteArray::number(10.0 * factor + 5.0 * normal(random), 'f', 4);
-                text += j + 1 < variables ? ' ' : '\n';
-            }
-        }
-        QFile file(m_path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            throw std::runtime_error("cannot write the sample file");
-    }
-
-    const QString& path() const { return m_path; }
-
-private:
-    QTemporaryDir m_folder;
-    QString m_path;
-};
 
 int proposedFactors(const Vector& eigenvalues)
 {
@@ -132,7 +99,7 @@ double plainRoad(const QString& path)
 template <auto road>
 void walk(benchmark::State& state)
 {
-    const StructuredFile file(int(state.range(0)), int(state.range(1)));
+    const samples::File file(int(state.range(0)), int(state.range(1)));
     double sum = 0.0;
     for (auto _ : state)
         benchmark::DoNotOptimize(sum = road(file.path()));

@@ -54,9 +54,9 @@ Matrix answers(int cases, int variables)
     return x;
 }
 
-Matrix factorial(int cases, int variables, int factors)
+Matrix factorial(int cases, int variables, int factors, int dataSet)
 {
-    std::mt19937_64 generator{1};
+    std::mt19937_64 generator{std::mt19937_64::result_type(dataSet) + 1};
     const Matrix loadings = loadingsBehind(generator, variables, factors);
     Vector scores(factors);
     Matrix x(cases, variables);
@@ -78,9 +78,9 @@ Matrix correlationsOf(Matrix data)
                          data.columns(), data.columns());
 }
 
-Unrotated unrotatedFactors(int variables, int factors)
+Unrotated unrotatedFactors(int variables, int factors, int dataSet)
 {
-    const auto d = decompose(correlationsOf(factorial(2 * variables, variables, factors)));
+    const auto d = decompose(correlationsOf(factorial(2 * variables, variables, factors, dataSet)));
     Unrotated start{Matrix(variables, factors + 1), Matrix(variables, factors)};
     initial_loadings(d.eigenvalues.data(), d.eigenvectors.rowPointers(), variables, factors + 1,
                      start.loadings.rowPointers());

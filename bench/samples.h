@@ -16,7 +16,7 @@ pelmora::Matrix answers(int cases, int variables);
 /// Cases of variables behind which as many factors stand: each variable shows one of them clearly,
 /// two others a little, and much of its own. With two cases per variable a rotation needs as many
 /// sweeps as the loadings of ordinary questionnaires do.
-pelmora::Matrix factorial(int cases, int variables, int factors);
+pelmora::Matrix factorial(int cases, int variables, int factors, int dataSet);
 
 pelmora::Matrix correlationsOf(pelmora::Matrix data);
 
@@ -28,7 +28,7 @@ struct Unrotated
 };
 
 /// Of factorial(), two cases per variable.
-Unrotated unrotatedFactors(int variables, int factors);
+Unrotated unrotatedFactors(int variables, int factors, int dataSet);
 
 void copyInto(pelmora::Matrix& to, const pelmora::Matrix& from);
 

@@ -11,7 +11,7 @@
 #include "views/fakesession.h"
 #include "views/numbertable.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
@@ -135,13 +135,3 @@ BENCHMARK(tablePlain)
     ->Args({1000, 1000})
     ->Args({100000, 50})
     ->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

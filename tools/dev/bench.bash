@@ -1,28 +1,41 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 #
-# Measures how fast the computations are, beside their plain forms and their goals.
+# Measures how fast the computations are, beside their plain forms and their goals, or how their time grows.
 #
-# usage: ./dev bench [pattern]
+# usage: ./dev bench [pattern | growth]
 #
 # Runs the benchmarks (those whose names match the regular expression) on one core, five times each (some that take long
 # less often), and prints the ratios of the medians beside the goals of bench/goals.txt. Leave the machine alone
 # meanwhile. The table is also left in build/bench/table.md.
+#
+# growth: measures what is listed in bench/growth.txt up to large sizes, once, and prints how the time grows with the
+# size, and where it comes to a second and to ten. The table is also left in build/bench/growth.md.
 
 need build bench
 build bench
+if [ "${1:-}" = growth ]; then
+    what=growth programs=(numerics reading program) filter=^growth repetitions=1
+    report=(growth.awk bench/growth.txt)
+else
+    what=table programs=() filter=${1:--^growth} repetitions=5
+    report=(ratios.awk bench/goals.txt)
+    for program in build/bench/bench/bench_*; do
+        [ -f "$program" ] && programs+=("${program##*/bench_}") # other targets leave folders
+    done
+fi
 results=build/bench/results.txt
 : >"$results"
 log=build/bench/errors.txt
-for program in build/bench/bench/bench_*; do
-    [ -f "$program" ] || continue # other targets leave folders
-    say "$(basename "$program")"
-    QT_QPA_PLATFORM=offscreen taskset -c 0 "$program" --benchmark_filter="${1:-.*}" \
-        --benchmark_repetitions=5 --benchmark_report_aggregates_only=true 2>"$log" |
+for program in "${programs[@]}"; do
+    say "bench_$program"
+    QT_QPA_PLATFORM=offscreen taskset -c 0 "build/bench/bench/bench_$program" --benchmark_filter="$filter" \
+        --benchmark_repetitions=$repetitions --benchmark_report_aggregates_only=true 2>"$log" |
         tee -a "$results" || {
         cat "$log" >&2
         exit 1
     }
 done
-say "Ratios"
-awk -f tools/dev/lib/ratios.awk "$results" bench/goals.txt | tee build/bench/table.md
+say "The $what"
+lib=tools/dev/lib
+awk -f $lib/measured.awk -f "$lib/${report[0]}" "$results" "${report[1]}" | tee "build/bench/$what.md"
