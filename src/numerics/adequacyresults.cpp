@@ -5,12 +5,6 @@
 
 namespace pelmora {
 
-int proposedMatrices(int variables)
-{
-    constexpr int many = 100;
-    return variables < many ? 1000 : 100;
-}
-
 AdequacyResults adequacyResults(const Matrix& r, const Decomposition& d, int cases)
 {
     AdequacyResults results;

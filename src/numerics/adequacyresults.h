@@ -26,9 +26,6 @@ struct AdequacyResults
     Computed<MinimumAveragePartial> partial;
 };
 
-/// How many random matrices a parallel analysis draws where nobody says otherwise.
-int proposedMatrices(int variables);
-
 /// @param cases  0: unknown
 AdequacyResults adequacyResults(const Matrix& r, const Decomposition& d, int cases);
 

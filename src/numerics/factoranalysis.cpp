@@ -25,19 +25,6 @@ Matrix firstColumns(const Matrix& source, int columns)
     return result;
 }
 
-/// The first m columns and the one after them, which the rotation's criterion looks at. Behind the
-/// last factor it is a column of zeros.
-Matrix loadingsToRotate(const Matrix& initialLoadings, int m)
-{
-    const bool hasNext = m < initialLoadings.columns();
-    Matrix result(initialLoadings.rows(), m + 1);
-    for (int i = 0; i < result.rows(); ++i) {
-        std::copy_n(initialLoadings[i], m, result[i]);
-        result[i][m] = hasNext ? initialLoadings[i][m] : 0.0;
-    }
-    return result;
-}
-
 /// z-scores times coefficients, some cases at a time. Null when cancelled.
 Matrix factorScores(const RawScores& raw, const Matrix& coefficients)
 {
@@ -103,6 +90,17 @@ Matrix varianceTable(const Vector& eigenvalues)
     std::copy_n(eigenvalues.data(), n, table[0]);
     explained_variance(eigenvalues.data(), n, table[1], table[2]);
     return table;
+}
+
+Matrix loadingsToRotate(const Matrix& initialLoadings, int m)
+{
+    const bool hasNext = m < initialLoadings.columns();
+    Matrix result(initialLoadings.rows(), m + 1);
+    for (int i = 0; i < result.rows(); ++i) {
+        std::copy_n(initialLoadings[i], m, result[i]);
+        result[i][m] = hasNext ? initialLoadings[i][m] : 0.0;
+    }
+    return result;
 }
 
 Factors extractFactors(const Decomposition& decomposition, int m, int method, const RawScores& raw)

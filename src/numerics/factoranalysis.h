@@ -39,6 +39,10 @@ Decomposition decompose(const Matrix& correlations);
 /// these. Null after a reported allocation failure.
 Matrix varianceTable(const Vector& eigenvalues);
 
+/// The first m columns and the one after them, which the rotation's criterion looks at; after the
+/// last factor it is a column of zeros. Null after a reported allocation failure.
+Matrix loadingsToRotate(const Matrix& initialLoadings, int m);
+
 /// Loadings, score coefficients and, for raw data, scores of the first factors.
 struct Factors
 {

@@ -91,6 +91,11 @@ int countEigenvaluesOfAtLeastOne(const Vector& eigenvalues)
                              [](double value) { return value >= 1.0; }));
 }
 
+int proposedFactors(const Vector& eigenvalues)
+{
+    return std::min(std::max(countEigenvaluesOfAtLeastOne(eigenvalues), 2), eigenvalues.size());
+}
+
 int countLeadingAbove(const Vector& eigenvalues, const Vector& references)
 {
     int count = 0;

@@ -14,6 +14,9 @@ namespace pelmora {
 /// 141-151.
 int countEigenvaluesOfAtLeastOne(const Vector& eigenvalues);
 
+/// The number of factors that is proposed: those, but at least 2 where there are two variables.
+int proposedFactors(const Vector& eigenvalues);
+
 /// How many leading @p eigenvalues are above their @p references, up to the first that is not.
 int countLeadingAbove(const Vector& eigenvalues, const Vector& references);
 

@@ -42,6 +42,12 @@ std::optional<RandomEigenvalues> summarised(Matrix& sampled, int cases)
 
 } // namespace
 
+int proposedMatrices(int variables)
+{
+    constexpr int many = 100;
+    return variables < many ? 1000 : 100;
+}
+
 void randomCorrelations(RandomNumbers& random, int cases, Matrix& r, Vector& t)
 {
     const int p = r.rows();

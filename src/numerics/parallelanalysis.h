@@ -27,6 +27,9 @@ struct RandomEigenvalues
 /// Meas. 55, 377-393.
 std::optional<RandomEigenvalues> parallelAnalysis(int variables, int cases, int matrices);
 
+/// How many random matrices are drawn where the user names no number.
+int proposedMatrices(int variables);
+
 /// Fills @p r (p x p) with correlations of a sample of @p cases from p independent normal
 /// variables. The sample is never drawn: its cross products are T'T with T upper triangular,
 /// squared diagonal elements chi-square, normals beside them. Bartlett, M. S. (1933), Proc. R. Soc.

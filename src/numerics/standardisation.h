@@ -25,7 +25,6 @@ struct RawScores
 
     bool isNull() const { return data == nullptr || used == nullptr; }
     int cases() const { return rowWise ? data->columns() : data->rows(); }
-    int variables() const { return rowWise ? data->rows() : data->columns(); }
 };
 
 /// Writes the z-scores of @p count cases from @p first on into the first rows of @p zScores, one

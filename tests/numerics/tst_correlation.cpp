@@ -51,7 +51,7 @@ void TestCorrelation::equalsThePlainFormToTheBit()
     const Matrix stays = correlations(x, flag == 1, used);
     QCOMPARE(difference(x, plainX), QString());
     const RawScores raw{.data = &rebuilt, .used = &used, .rowWise = flag == 1};
-    Matrix zScores(raw.cases(), raw.variables());
+    Matrix zScores(raw.cases(), stays.rows());
     standardise(raw, 0, raw.cases(), zScores);
     const Matrix r = correlationsOf(x, flag);
     QCOMPARE(difference(r, stays), QString());

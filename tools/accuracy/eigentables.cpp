@@ -10,7 +10,6 @@
 #include <fstream>
 #include <functional>
 #include <iomanip>
-#include <limits>
 #include <ostream>
 #include <stdexcept>
 

@@ -4,10 +4,10 @@
 /// Holds the rotations against generated data sets: does every one end, and where it should?
 
 #include "datasets.h"
-#include "rotationproblem.h"
 #include "rotationtrial.h"
 #include "tally.h"
 
+#include "numerics/numberoffactors.h"
 #include "numerics/rotation.h"
 
 #include <algorithm>
@@ -60,11 +60,11 @@ int otherFactors(std::int64_t number, int variables)
 void tryDataSet(std::int64_t number)
 {
     const Matrix a = dataSet(number);
-    const InitialFactors factors = initialFactors(a);
+    const Decomposition factors = decompose(a);
     Tally& tally = tallies[std::size_t(kindOf(number))];
     const auto tryFactors = [&](int m) {
         for (const int method : {PelmoraRotation, VarimaxRotation}) {
-            const RotationTrial trial = tryRotation(factors.loadings, m, method);
+            const RotationTrial trial = tryRotation(factors.initialLoadings, m, method);
             const std::lock_guard lock(mutex);
             tally.addRotation(trial, number, m, method, std::cerr);
         }

@@ -10,7 +10,6 @@
 #include <fstream>
 #include <iomanip>
 #include <limits>
-#include <numeric>
 #include <sstream>
 #include <stdexcept>
 

@@ -3,43 +3,10 @@
 
 #include "rotationproblem.h"
 
-#include "numerics/initialfactors.h"
-#include "numerics/jacobi.h"
-
 #include <algorithm>
 #include <cmath>
 
 namespace pelmora {
-
-Matrix loadingsToRotate(const Matrix& allLoadings, int m)
-{
-    Matrix result(allLoadings.rows(), m + 1);
-    for (int i = 0; i < result.rows(); ++i) {
-        result[i][m] = 0.0;
-        std::copy_n(allLoadings[i], std::min(m + 1, allLoadings.columns()), result[i]);
-    }
-    return result;
-}
-
-InitialFactors initialFactors(const Matrix& a)
-{
-    const int n = a.rows();
-    Matrix destroyed = a.clone();
-    Matrix vectors(n, n);
-    InitialFactors result{Vector(n), Matrix(n, n)};
-    double* d = result.eigenvalues.data();
-    jacobi(destroyed.rowPointers(), n, d, vectors.rowPointers());
-    sort_eigenpairs(d, vectors.rowPointers(), n);
-    initial_loadings(d, vectors.rowPointers(), n, n, result.loadings.rowPointers());
-    return result;
-}
-
-int proposedFactors(const Vector& eigenvalues)
-{
-    const auto count = std::count_if(eigenvalues.begin(), eigenvalues.end(),
-                                     [](double value) { return value >= 1.0; });
-    return std::max(2, int(count));
-}
 
 Matrix unitColumns(int rows, int columns)
 {

@@ -7,21 +7,6 @@
 
 namespace pelmora {
 
-/// What a rotation starts from: the loadings of the first m factors and the column after them,
-/// which is zero after the last factor.
-Matrix loadingsToRotate(const Matrix& allLoadings, int m);
-
-/// Unrotated loadings of all factors of a symmetric matrix, and its eigenvalues.
-struct InitialFactors
-{
-    Vector eigenvalues;
-    Matrix loadings;
-};
-InitialFactors initialFactors(const Matrix& a);
-
-/// The number of factors that the program proposes: eigenvalues of at least 1, but at least 2.
-int proposedFactors(const Vector& eigenvalues);
-
 /// Columns of the unit matrix: a companion that ends as the rotation's matrix itself.
 Matrix unitColumns(int rows, int columns);
 

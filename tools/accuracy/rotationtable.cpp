@@ -7,6 +7,7 @@
 #include "rotationproblem.h"
 #include "solvers.h"
 
+#include "numerics/numberoffactors.h"
 #include "numerics/rotation.h"
 
 #include <algorithm>
@@ -108,8 +109,8 @@ std::vector<NamedMatrix> rotationMatrices(const std::vector<NamedMatrix>& publis
 void writeLoadings(const std::filesystem::path& work, const std::vector<NamedMatrix>& matrices)
 {
     for (std::size_t i = 0; i < matrices.size(); ++i) {
-        const InitialFactors factors = initialFactors(matrices[i].a);
-        writeMatrix(rotationFile(work, i, ".loadings"), factors.loadings,
+        const Decomposition factors = decompose(matrices[i].a);
+        writeMatrix(rotationFile(work, i, ".loadings"), factors.initialLoadings,
                     proposedFactors(factors.eigenvalues));
     }
 }
@@ -121,9 +122,9 @@ void writeRotationTable(std::ostream& out, const std::filesystem::path& work,
            "| farthest pair | wrong kind | orthogonality | communalities |\n"
            "|---|--:|--:|---|--:|--:|--:|--:|--:|--:|--:|--:|\n";
     for (std::size_t i = 0; i < matrices.size(); ++i) {
-        const InitialFactors factors = initialFactors(matrices[i].a);
+        const Decomposition factors = decompose(matrices[i].a);
         const int m = proposedFactors(factors.eigenvalues);
-        const Matrix start = loadingsToRotate(factors.loadings, m);
+        const Matrix start = loadingsToRotate(factors.initialLoadings, m);
         const Matrix byR = readMatrix(rotationFile(work, i, ".varimax"));
         for (const int method : {VarimaxRotation, PelmoraRotation}) {
             out << "| " << matrices[i].name << " | " << start.rows() << " | " << m << " | ";

@@ -5,6 +5,7 @@
 
 #include "rotationproblem.h"
 
+#include "numerics/factoranalysis.h"
 #include "numerics/rotation.h"
 #include "plain/numerics.h"
 

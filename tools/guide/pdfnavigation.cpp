@@ -5,9 +5,6 @@
 
 #include <QMap>
 #include <QRegularExpression>
-#include <QStringList>
-
-#include <optional>
 
 namespace {
 

@@ -10,10 +10,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEventLoop>
-#include <QFile>
 #include <QFileInfo>
 #include <QListWidget>
-#include <QPixmap>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -100,7 +98,7 @@ void Tour::visitSession(const QString& prefix)
     expect(pages != nullptr, QStringLiteral("the session has a tab"));
     if (!pages)
         return;
-    makeFactorPages();
+    makeFactorPages(pages);
     for (int i = 0; i < pages->count(); ++i) {
         pages->setCurrentIndex(i);
         const QString name = prefix + u'-' + fileNamePart(pages->tabText(i));
@@ -125,10 +123,8 @@ void Tour::visitSession(const QString& prefix)
     }
 }
 
-void Tour::makeFactorPages()
+void Tour::makeFactorPages(QTabWidget* pages)
 {
-    auto* sessions = m_window.findChild<QTabWidget*>(QStringLiteral("mainTabWidget"));
-    auto* pages = qobject_cast<QTabWidget*>(sessions->currentWidget());
     QWidget* pca = pages->currentWidget();
     const auto* factors = pca->findChild<QSpinBox*>(QStringLiteral("spinBoxNumberOfFactors"));
     say(QStringLiteral("Start processing: %1 factors, all three kinds").arg(factors->value()));

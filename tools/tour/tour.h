@@ -23,7 +23,7 @@ public:
 
 private:
     void readSample(const char* action, const QString& file);
-    void makeFactorPages();
+    void makeFactorPages(QTabWidget* pages);
     void visitSession(const QString& prefix);
     void visitTabs(QTabWidget* tabs, const QString& prefix);
     void visitCorrelations(QTabWidget* tabs, const QString& prefix);
