@@ -57,7 +57,7 @@ private:
     void finish(double value, const QString& note)
     {
         if (!std::isnan(value))
-            m_out << numbertext::fixed(value, m_decimals).toStdString();
+            m_out << numbertext::fixedBytes(value, m_decimals);
         m_out << '\t' << note.toLatin1().toStdString() << '\n';
     }
 

@@ -9,15 +9,6 @@
 #include <ostream>
 #include <string>
 
-namespace {
-
-std::string number(double x, unsigned decimals)
-{
-    return numbertext::fixed(x, decimals).toStdString();
-}
-
-} // namespace
-
 std::string quotedName(std::string name)
 {
     std::replace(name.begin(), name.end(), '"', '\'');
@@ -30,7 +21,7 @@ void writeEigenvalues(std::ostream& out, const pelmora::Matrix& table, unsigned 
     for (int j = 0; j < table.columns(); ++j) {
         out << j + 1;
         for (int row = 0; row < table.rows(); ++row)
-            out << '\t' << number(table[row][j], decimals);
+            out << '\t' << numbertext::fixedBytes(table[row][j], decimals);
         out << '\n';
     }
 }
@@ -45,7 +36,7 @@ void writeFactorMatrix(std::ostream& out, const pelmora::Matrix& values, const V
     for (int i = 0; i < values.rows(); ++i) {
         out << quotedName(names[static_cast<std::size_t>(i)]);
         for (int j = 0; j < values.columns(); ++j)
-            out << '\t' << number(values[i][j], decimals);
+            out << '\t' << numbertext::fixedBytes(values[i][j], decimals);
         out << '\n';
     }
 }

@@ -3,10 +3,16 @@
 
 #pragma once
 
+#include "numerics/rotation.h"
+
 #include <QString>
 
-/// How the factors of a page came about.
-enum class FactorKind { Pelmora, Varimax, Initial };
+/// How the factors of a page came about: by which pelmora::RotationMethod.
+enum class FactorKind : int {
+    Pelmora = pelmora::PelmoraRotation,
+    Varimax = pelmora::VarimaxRotation,
+    Initial = pelmora::NoRotation
+};
 
 /// Heading of a page of this kind. A blank ends it.
 QString factorTitle(FactorKind kind);

@@ -17,11 +17,6 @@ std::string numberField(double x, unsigned decimals)
                                     decimals + 5);
 }
 
-std::string scoreText(double x, unsigned decimals)
-{
-    return numbertext::fixed(x, decimals).toStdString();
-}
-
 } // namespace
 
 void writeLoadings(std::ostream& out, const pelmora::Matrix& loadings, const VariableNames& names,
@@ -46,10 +41,11 @@ void writeScores(std::ostream& out, const pelmora::Matrix& scores, unsigned deci
     std::size_t longest = 0;
     for (int i = 0; i < scores.rows(); ++i)
         for (int j = 0; j < scores.columns(); ++j)
-            longest = std::max(longest, scoreText(scores[i][j], decimals).size());
+            longest = std::max(longest, numbertext::fixedBytes(scores[i][j], decimals).size());
     for (int i = 0; i < scores.rows(); ++i) {
         for (int j = 0; j < scores.columns(); ++j)
-            out << numbertext::rightAligned(scoreText(scores[i][j], decimals), longest + 1);
+            out << numbertext::rightAligned(numbertext::fixedBytes(scores[i][j], decimals),
+                                            longest + 1);
         out << '\n';
     }
 }

@@ -32,6 +32,11 @@ QString fixed(double x, unsigned decimals)
     return QString::number(rounded(x, decimals), 'f', static_cast<int>(capped(decimals)));
 }
 
+std::string fixedBytes(double x, unsigned decimals)
+{
+    return fixed(x, decimals).toStdString();
+}
+
 std::string general(double x)
 {
     return QByteArray::number(x, 'g', 6).toStdString();

@@ -17,6 +17,8 @@ double rounded(double x, unsigned decimals);
 
 /// Rounded value in fixed notation with as many decimals.
 QString fixed(double x, unsigned decimals);
+/// The same as the bytes of a file.
+std::string fixedBytes(double x, unsigned decimals);
 
 /// At most six significant digits, no trailing zeros: the default form of a text stream. The value
 /// is written as given; callers round first.

@@ -10,15 +10,10 @@
 
 namespace {
 
-std::string number(double x, unsigned decimals)
-{
-    return numbertext::fixed(x, decimals).toStdString();
-}
-
 void writeVariable(std::ostream& out, const RankedPair::Variable& variable, unsigned decimals)
 {
     out << '\t' << variable.number << '\t' << quotedName(variable.name) << '\t'
-        << number(variable.loading, decimals);
+        << numbertext::fixedBytes(variable.loading, decimals);
 }
 
 } // namespace
@@ -31,7 +26,7 @@ void writeMinimalPairs(std::ostream& out, const std::vector<RankedPair>& pairs, 
         out << pair.factor << '\t' << pair.rank;
         writeVariable(out, pair.first, decimals);
         writeVariable(out, pair.second, decimals);
-        out << '\t' << number(pair.otherDifference, decimals) << '\t'
-            << number(pair.difference, decimals) << '\n';
+        out << '\t' << numbertext::fixedBytes(pair.otherDifference, decimals) << '\t'
+            << numbertext::fixedBytes(pair.difference, decimals) << '\n';
     }
 }

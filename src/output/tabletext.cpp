@@ -90,6 +90,14 @@ QString latexNumber(const QString& number)
 
 } // namespace
 
+QString onOneLine(QString text)
+{
+    for (QChar& c : text)
+        if (c.category() == QChar::Other_Control)
+            c = u' ';
+    return text;
+}
+
 QString tabSeparatedTable(const TableGrid& grid)
 {
     QString table;

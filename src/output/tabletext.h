@@ -9,8 +9,10 @@
 #include <functional>
 #include <vector>
 
-/// A table with headings on top and on the left. Its texts hold no line breaks, tabs or other
-/// control characters.
+/// @p text with blanks for line breaks, tabs and other control characters.
+QString onOneLine(QString text);
+
+/// A table with headings on top and on the left. Its texts are onOneLine().
 struct TableGrid
 {
     struct Column
