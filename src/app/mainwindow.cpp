@@ -128,7 +128,7 @@ void MainWindow::takeBack(PelmoraSession* session, const QString& statusMessage)
 void MainWindow::discardSession(PelmoraSession* session)
 {
     m_sessions.removeOne(session);
-    // Opens the folder of the file that failed, on purpose: there the user finds what to mend.
+    // Opens the folder of its file, of one that failed too: there the user finds what to mend.
     delete session;
 }
 
@@ -149,9 +149,7 @@ void MainWindow::on_mainTabWidget_tabCloseRequested(int index)
 {
     if (LongWork::isRunning())
         return;
-    delete m_sessions.value(index);
-    if (0 <= index && index < m_sessions.size())
-        m_sessions.removeAt(index);
+    discardSession(m_sessions.value(index));
     m_ui->mainTabWidget->removeTab(index);
 }
 

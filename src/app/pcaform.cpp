@@ -37,17 +37,16 @@ PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
 {
     m_ui->setupUi(this);
     const auto factorTitle = [](int factor) { return tr("Factor F%1").arg(factor + 1); };
-    const auto variableName = [this](int variable) {
-        return m_names.text(static_cast<std::size_t>(variable));
-    };
     m_eigenvalueModel->setHeaders(
         [](int row) {
             return QStringList{tr("Eigenvalues"), tr("Variance[%]"), tr("Cumulative\nVariance[%]")}
                 .value(row);
         },
         [](int column) { return QString::number(column + 1); });
-    m_eigenvectorModel->setHeaders(variableName, factorTitle);
-    m_loadingModel->setHeaders(variableName, factorTitle);
+    for (auto* model : {m_eigenvectorModel, m_loadingModel}) {
+        model->setHeaders(model->nameHeader(), factorTitle);
+        model->setNames(m_names.texts());
+    }
 
     m_ui->tableWidgetEigenwerte->setModel(m_eigenvalueModel);
     m_ui->tableWidgetEigenvektoren->setModel(m_eigenvectorModel);
@@ -63,9 +62,8 @@ PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
 
 PCAForm::~PCAForm()
 {
-    // The tables may be asked for numbers and names until the last widget is gone.
+    // The table may be asked for numbers until the last widget is gone.
     m_eigenvalueModel->clear();
-    releaseSessionData();
 }
 
 void PCAForm::fill(const pelmora::Decomposition& decomposition)
@@ -93,8 +91,8 @@ void PCAForm::on_variableNamesChanged(QVector<QString> const& names)
     if (names.size() != static_cast<qsizetype>(m_names.size()))
         return;
     m_names = m_names.renamed(names);
-    m_eigenvectorModel->headersChanged();
-    m_loadingModel->headersChanged();
+    m_eigenvectorModel->setNames(m_names.texts());
+    m_loadingModel->setNames(m_names.texts());
 }
 
 void PCAForm::on_processButton_clicked()

@@ -9,7 +9,6 @@
 #include "input/namedmatrix.h"
 #include "minimalpairs/minimalpairfinder.h"
 #include "minimalpairs/minimalpairform.h"
-#include "numerics/rotation.h"
 #include "output/factorkind.h"
 #include "settings/settings.h"
 #include "views/corrform.h"
@@ -28,7 +27,6 @@
 struct PelmoraSession::RotationPage
 {
     unsigned bit;
-    int method;
     FactorKind kind;
     const char* tabTitle;
 };
@@ -173,18 +171,10 @@ int PelmoraSession::removePage(QWidget* page)
 
 void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
 {
-    static constexpr RotationPage pages[] = {{.bit = PelmoraBit,
-                                              .method = pelmora::PelmoraRotation,
-                                              .kind = FactorKind::Pelmora,
-                                              .tabTitle = QT_TR_NOOP("Pelmora[%1]")},
-                                             {.bit = VarimaxBit,
-                                              .method = pelmora::VarimaxRotation,
-                                              .kind = FactorKind::Varimax,
-                                              .tabTitle = QT_TR_NOOP("Varimax[%1]")},
-                                             {.bit = UnrotatedBit,
-                                              .method = pelmora::NoRotation,
-                                              .kind = FactorKind::Initial,
-                                              .tabTitle = QT_TR_NOOP("Initial[%1]")}};
+    static constexpr RotationPage pages[] = {
+        {.bit = PelmoraBit, .kind = FactorKind::Pelmora, .tabTitle = QT_TR_NOOP("Pelmora[%1]")},
+        {.bit = VarimaxBit, .kind = FactorKind::Varimax, .tabTitle = QT_TR_NOOP("Varimax[%1]")},
+        {.bit = UnrotatedBit, .kind = FactorKind::Initial, .tabTitle = QT_TR_NOOP("Initial[%1]")}};
     QStringList added;
     for (const RotationPage& page : pages) {
         if ((kinds & page.bit) && !LongWork::isCancelled())
@@ -197,20 +187,20 @@ void PelmoraSession::createRotationPages(int numberOfFactors, unsigned kinds)
 void PelmoraSession::createRotationPage(int numberOfFactors, const RotationPage& page,
                                         QStringList* added)
 {
-    auto factors =
-        pelmora::extractFactors(m_decomposition, numberOfFactors, page.method, rawScores());
+    auto factors = pelmora::extractFactors(m_decomposition, numberOfFactors,
+                                           static_cast<int>(page.kind), rawScores());
     if (!m_pages || factors.isNull())
         return;
     const NamedMatrix loadings{std::move(factors.loadings), m_correlations.names()};
     std::optional<MinimalPairFinder> finder;
-    if (variableCount() > 1)
+    if (loadings.values.rows() > 1)
         finder.emplace(loadings);
     if (LongWork::isCancelled())
         return;
 
     auto* form = new FactorForm(m_pages, numberOfFactors, this);
     form->setKind(page.kind);
-    form->setUnmoved(page.method != pelmora::NoRotation &&
+    form->setUnmoved(page.kind != FactorKind::Initial &&
                      startWith(m_decomposition.initialLoadings, loadings.values));
     form->setUp(loadings, !finder, std::move(factors.scores));
     if (finder)
@@ -241,11 +231,6 @@ pelmora::RawScores PelmoraSession::rawScores() const
     if (!hasRawData())
         return {};
     return {.data = &m_data.matrix(), .used = &m_standardisation, .rowWise = m_rowWise};
-}
-
-int PelmoraSession::variableCount() const
-{
-    return static_cast<int>(m_correlations.rows());
 }
 
 int PelmoraSession::numberOfCases() const

@@ -80,7 +80,6 @@ private:
     struct RotationPage;
 
     bool hasRawData() const { return !m_dataFile.isEmpty(); }
-    int variableCount() const;
     pelmora::RawScores rawScores() const;
     void createRotationPage(int numberOfFactors, const RotationPage& page, QStringList* added);
     void addMinimalPairs(FactorForm* page, const MinimalPairFinder& finder);

@@ -31,38 +31,30 @@ MinimalPairEntryForm::MinimalPairEntryForm(const MinimalPair& pair, int rank,
                                            const FocalFactor& focal, QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::MinimalPairEntryForm>())
-    , m_pair(pair)
     , m_rank(rank)
 {
     m_ui->setupUi(this);
     installNameHeaders(m_ui->tableWidget);
     installTableCopy(m_ui->tableWidget);
-    fillTable(focal);
-    showNames();
+    fillTable(pair, focal);
+    showNames(pair);
     m_ui->labelDifference->setText(
-        tr("difference: %1").arg(numbertext::fixed(m_pair.difference, focal.decimals)));
+        tr("difference: %1").arg(numbertext::fixed(pair.difference, focal.decimals)));
 }
 
 MinimalPairEntryForm::~MinimalPairEntryForm() = default;
 
-void MinimalPairEntryForm::setVariableNames(const QVector<QString>& names)
-{
-    for (auto& variable : m_pair.variables)
-        variable.name = names.value(variable.index);
-    showNames();
-}
-
-void MinimalPairEntryForm::fillTable(const FocalFactor& focal)
+void MinimalPairEntryForm::fillTable(const MinimalPair& pair, const FocalFactor& focal)
 {
     auto* table = m_ui->tableWidget;
     const int averageRow = static_cast<int>(focal.nonFocal.size()) + 1;
     table->setColumnCount(ColumnCount);
     table->setRowCount(averageRow + 1);
-    fillRow(0, tr("Focal factor F%1").arg(focal.factor + 1), focal.factor, focal.decimals);
+    fillRow(0, tr("Focal factor F%1").arg(focal.factor + 1), pair, focal.factor, focal.decimals);
     int row = 0;
     for (const int factor : focal.nonFocal)
-        fillRow(++row, tr("Non focal\nfactor F%1").arg(factor + 1), factor, focal.decimals);
-    const auto& [first, second] = m_pair.variables;
+        fillRow(++row, tr("Non focal\nfactor F%1").arg(factor + 1), pair, factor, focal.decimals);
+    const auto& [first, second] = pair.variables;
     table->setVerticalHeaderItem(averageRow,
                                  new QTableWidgetItem(tr("avg.|differ| :\n(non focal)")));
     setNumber(table, averageRow, Difference,
@@ -72,21 +64,22 @@ void MinimalPairEntryForm::fillTable(const FocalFactor& focal)
     table->resizeRowsToContents();
 }
 
-void MinimalPairEntryForm::fillRow(int row, const QString& header, int factor, unsigned decimals)
+void MinimalPairEntryForm::fillRow(int row, const QString& header, const MinimalPair& pair,
+                                   int factor, unsigned decimals)
 {
     const auto column = static_cast<std::size_t>(factor);
-    const double first = m_pair.variables[0].loadings[column];
-    const double second = m_pair.variables[1].loadings[column];
+    const double first = pair.variables[0].loadings[column];
+    const double second = pair.variables[1].loadings[column];
     m_ui->tableWidget->setVerticalHeaderItem(row, new QTableWidgetItem(header));
     setNumber(m_ui->tableWidget, row, FirstVariable, first, decimals);
     setNumber(m_ui->tableWidget, row, SecondVariable, second, decimals);
     setNumber(m_ui->tableWidget, row, Difference, std::abs(first - second), decimals);
 }
 
-void MinimalPairEntryForm::showNames()
+void MinimalPairEntryForm::showNames(const MinimalPair& pair)
 {
     const std::array<QString, rankCount> ranks = {tr("First"), tr("Second"), tr("Third")};
-    const auto& [first, second] = m_pair.variables;
+    const auto& [first, second] = pair.variables;
     const auto cut = [this](const QString& name) {
         return fontMetrics().elidedText(name, Qt::ElideRight, widestName(this));
     };

@@ -5,7 +5,6 @@
 
 #include "minimalpairs/minimalpairfinder.h"
 
-#include <QVector>
 #include <QWidget>
 
 #include <memory>
@@ -36,15 +35,14 @@ public:
                          QWidget* parent);
     ~MinimalPairEntryForm() override;
 
-    /// Takes the pair's names from those of all variables.
-    void setVariableNames(const QVector<QString>& names);
+    /// Shows the names of @p pair in place of those shown so far; the numbers stay.
+    void showNames(const MinimalPair& pair);
 
 private:
-    void fillTable(const FocalFactor& focal);
-    void fillRow(int row, const QString& header, int factor, unsigned decimals);
-    void showNames();
+    void fillTable(const MinimalPair& pair, const FocalFactor& focal);
+    void fillRow(int row, const QString& header, const MinimalPair& pair, int factor,
+                 unsigned decimals);
 
     std::unique_ptr<Ui::MinimalPairEntryForm> m_ui;
-    MinimalPair m_pair;
     int m_rank;
 };

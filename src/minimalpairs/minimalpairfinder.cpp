@@ -173,11 +173,6 @@ MinimalPairFinder::MinimalPairFinder(const NamedMatrix& loadings, int limit)
                 {{variable(loadings, first), variable(loadings, second)}, difference});
 }
 
-int MinimalPairFinder::pairCount() const
-{
-    return m_pairCount;
-}
-
 std::vector<int> MinimalPairFinder::nonFocalFactors(int focalFactor) const
 {
     std::vector<int> factors;

@@ -38,7 +38,7 @@ public:
     int factorCount() const { return m_factorCount; }
 
     /// Number of ranked pairs per focal factor: limit, or fewer where there are fewer pairs.
-    int pairCount() const;
+    int pairCount() const { return m_pairCount; }
 
     /// Every factor index except @p focalFactor, ascending.
     std::vector<int> nonFocalFactors(int focalFactor) const;

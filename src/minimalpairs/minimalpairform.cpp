@@ -32,8 +32,8 @@ void MinimalPairForm::on_variableNamesChanged(QVector<QString> const& names)
     for (auto& pair : m_pairs)
         for (auto& variable : pair.variables)
             variable.name = names[variable.index];
-    for (auto* entry : m_entries)
-        entry->setVariableNames(names);
+    for (std::size_t rank = 0; rank < m_entries.size(); ++rank)
+        m_entries[rank]->showNames(m_pairs[rank]);
 }
 
 void MinimalPairForm::showEvent(QShowEvent* event)

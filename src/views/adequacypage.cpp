@@ -40,12 +40,10 @@ AdequacyPage::AdequacyPage(QWidget* parent)
     , m_model(new NumberTableModel(this))
 {
     m_ui->setupUi(this);
-    m_model->setHeaders(
-        [this](int variable) { return m_names.value(variable); },
-        [](int column) {
-            return QStringList{tr("MSA"), tr("Squared multiple\ncorrelation"), tr("Note")}.value(
-                column);
-        });
+    m_model->setHeaders(m_model->nameHeader(), [](int column) {
+        return QStringList{tr("MSA"), tr("Squared multiple\ncorrelation"), tr("Note")}.value(
+            column);
+    });
     m_model->leaveNotNumbersEmpty();
     m_model->showExactInToolTips();
     m_model->showNotes(Note, adequacytext::note);
@@ -54,11 +52,7 @@ AdequacyPage::AdequacyPage(QWidget* parent)
     installTableCopy(m_ui->tableAdequacy);
 }
 
-AdequacyPage::~AdequacyPage()
-{
-    // The headers may be asked for names until the last widget is gone.
-    clear();
-}
+AdequacyPage::~AdequacyPage() = default;
 
 void AdequacyPage::showAdequacy(const pelmora::Adequacy& adequacy, int variables)
 {
@@ -78,8 +72,7 @@ void AdequacyPage::showBartlett(const pelmora::Computed<pelmora::Bartlett>& test
 
 void AdequacyPage::setNames(const QVector<QString>& names)
 {
-    m_names = names;
-    m_model->headersChanged();
+    m_model->setNames(names);
     fitToNames(m_ui->tableAdequacy, *m_model);
 }
 

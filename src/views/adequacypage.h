@@ -34,5 +34,4 @@ public:
 private:
     std::unique_ptr<Ui::AdequacyPage> m_ui;
     NumberTableModel* m_model;
-    QVector<QString> m_names;
 };

@@ -19,8 +19,7 @@ AntiImagePage::AntiImagePage(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->labelAntiImage->hide();
-    const auto name = [this](int variable) { return m_names.value(variable); };
-    m_model->setHeaders(name, name);
+    m_model->setHeaders(m_model->nameHeader(), m_model->nameHeader());
     m_model->leaveNotNumbersEmpty();
     m_model->showExactInToolTips();
     m_ui->tableAntiImage->setModel(m_model);
@@ -28,11 +27,7 @@ AntiImagePage::AntiImagePage(QWidget* parent)
     installTableCopy(m_ui->tableAntiImage);
 }
 
-AntiImagePage::~AntiImagePage()
-{
-    // The headers may be asked for names until the last widget is gone.
-    clear();
-}
+AntiImagePage::~AntiImagePage() = default;
 
 void AntiImagePage::showAntiImage(pelmora::Matrix antiImage, const pelmora::Obstacle& obstacle,
                                   int variables)
@@ -45,14 +40,13 @@ void AntiImagePage::showAntiImage(pelmora::Matrix antiImage, const pelmora::Obst
             std::fill_n(antiImage[i], variables, std::numeric_limits<double>::quiet_NaN());
     }
     m_model->fill(std::move(antiImage));
-    setNames(m_names);
+    fitToNumbers(m_ui->tableAntiImage, *m_model);
     setLowRows(m_ui->tableAntiImage);
 }
 
 void AntiImagePage::setNames(const QVector<QString>& names)
 {
-    m_names = names;
-    m_model->headersChanged();
+    m_model->setNames(names);
     fitToNumbers(m_ui->tableAntiImage, *m_model);
 }
 

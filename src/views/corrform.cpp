@@ -37,8 +37,7 @@ CorrForm::CorrForm(SessionFace* session, QWidget* tabWidget)
     , m_shades(new ShadeDelegate(*m_model, this))
 {
     m_ui->setupUi(this);
-    const auto name = [this](int variable) { return m_names.value(variable); };
-    m_model->setHeaders(name, name);
+    m_model->setHeaders(m_model->nameHeader(), m_model->nameHeader());
     m_model->showExactInToolTips();
     m_ui->tableCorrelations->setModel(m_model);
     m_ui->tableCorrelations->setItemDelegate(m_shades);
@@ -65,7 +64,7 @@ void CorrForm::addPages()
 
 CorrForm::~CorrForm()
 {
-    // The headers may be asked for names until the last widget is gone.
+    // The session may have replaced the matrix, and the table lives until the last widget is gone.
     m_model->clear();
 }
 
@@ -125,14 +124,13 @@ void CorrForm::releaseSessionData()
 
 void CorrForm::on_variableNamesChanged(QVector<QString> const& names)
 {
-    if (names.size() == m_names.size())
+    if (names.size() == m_model->rowCount())
         showNames(names);
 }
 
 void CorrForm::showNames(const QVector<QString>& names)
 {
-    m_names = names;
-    m_model->headersChanged();
+    m_model->setNames(names);
     fitToNumbers(m_ui->tableCorrelations, *m_model);
     setLowRows(m_ui->tableCorrelations);
     m_adequacyPage->setNames(names);

@@ -55,7 +55,6 @@ private:
     std::unique_ptr<Ui::CorrForm> m_ui;
     QPointer<SessionFace> m_session;
     const CorrelationData* m_correlations = nullptr;
-    QVector<QString> m_names;
     NumberTableModel* m_model;
     ShadeDelegate* m_shades;
     AdequacyPage* m_adequacyPage = nullptr;

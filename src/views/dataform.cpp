@@ -30,6 +30,11 @@ QString columnTitle(int column)
         .value(column);
 }
 
+QString caseNumber(int section)
+{
+    return QString::number(section + 1);
+}
+
 enum NoteKind { NoNote, Constant, TooFewCases };
 
 QString noteText(double kind)
@@ -67,12 +72,7 @@ DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
     m_ui->setupUi(this);
     m_ui->labelNoCorrelations->hide();
     m_ui->labelRowWise->hide();
-    const auto name = [this](int variable) { return m_names.value(variable); };
-    const auto number = [](int section) { return QString::number(section + 1); };
-    m_model->setHeaders(
-        [=, this](int row) { return m_rowWise ? name(row) : number(row); },
-        [=, this](int column) { return m_rowWise ? number(column) : name(column); });
-    m_statistics->setHeaders(name, columnTitle);
+    m_statistics->setHeaders(m_statistics->nameHeader(), columnTitle);
     m_statistics->showNotes(Note, noteText);
     m_ui->tableData->setModel(m_model);
     m_ui->tableStatistics->setModel(m_statistics);
@@ -84,12 +84,7 @@ DataForm::DataForm(SessionFace* session, QWidget* tabWidget)
     connect(session, &QObject::destroyed, this, &DataForm::releaseSessionData);
 }
 
-DataForm::~DataForm()
-{
-    // The headers may be asked for names until the last widget is gone.
-    m_model->clear();
-    m_statistics->clear();
-}
+DataForm::~DataForm() = default;
 
 void DataForm::fill(const AsciiData& rawData)
 {
@@ -102,6 +97,8 @@ void DataForm::showVariables()
     m_rowWise = m_session->isRowWise();
     const auto& values = m_data->matrix();
     m_model->fill(values);
+    m_model->setHeaders(m_rowWise ? m_model->nameHeader() : caseNumber,
+                        m_rowWise ? caseNumber : m_model->nameHeader());
     const auto statistics = pelmora::variableStatistics(values.rowPointers(), values.rows(),
                                                         values.columns(), m_rowWise);
     m_statistics->fill(tableOf(statistics));
@@ -129,9 +126,8 @@ void DataForm::showRowWiseMeans()
 
 void DataForm::showNames(const QVector<QString>& names)
 {
-    m_names = names;
-    m_model->headersChanged();
-    m_statistics->headersChanged();
+    m_model->setNames(names);
+    m_statistics->setNames(names);
     fitToNames(m_ui->tableData, *m_model);
     fitToNames(m_ui->tableStatistics, *m_statistics);
     showWhole(m_ui->tableStatistics, m_ui->splitter, 1.0);
@@ -142,7 +138,7 @@ void DataForm::showNoCorrelations()
 {
     QStringList names;
     for (const int variable : m_constant.mid(0, listedNames))
-        names << m_names.value(variable);
+        names << m_statistics->name(variable);
     if (m_constant.size() > listedNames)
         names << QStringLiteral("\u2026");
     m_ui->labelNoCorrelations->setText(
@@ -162,7 +158,7 @@ void DataForm::releaseSessionData()
 
 void DataForm::on_variableNamesChanged(QVector<QString> const& names)
 {
-    if (names.size() == m_names.size())
+    if (names.size() == m_statistics->rowCount())
         showNames(names);
 }
 

@@ -56,7 +56,6 @@ private:
     QPointer<SessionFace> m_session;
     const AsciiData* m_data = nullptr;
     bool m_rowWise = false;
-    QVector<QString> m_names;
     bool m_tooFewCases = false;
     QVector<int> m_constant; ///< variables whose values are all equal
     NumberTableModel* m_model;

@@ -177,13 +177,9 @@ private:
 
 DrawingFormat drawingFormat(const QString& path, const QString& filter)
 {
-    const QString svg = QStringLiteral(".svg");
-    const QString pdf = QStringLiteral(".pdf");
-    if (path.endsWith(svg, Qt::CaseInsensitive))
-        return DrawingFormat::Svg;
-    return !path.endsWith(pdf, Qt::CaseInsensitive) && filter.contains(u'*' + svg)
-               ? DrawingFormat::Svg
-               : DrawingFormat::Pdf;
+    const bool isSvg = path.endsWith(u".svg", Qt::CaseInsensitive) ||
+                       (!path.endsWith(u".pdf", Qt::CaseInsensitive) && filter.contains(u"*.svg"));
+    return isSvg ? DrawingFormat::Svg : DrawingFormat::Pdf;
 }
 
 QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QDateTime& created)

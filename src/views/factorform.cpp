@@ -16,7 +16,6 @@
 #include "views/numbertable.h"
 #include "views/roworder.h"
 #include "views/tablecopy.h"
-#include "views/waitcursor.h"
 
 #include <QAction>
 #include <QClipboard>

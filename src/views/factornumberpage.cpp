@@ -26,9 +26,6 @@ enum Column {
     Columns
 };
 
-constexpr int manyVariables = 100;
-constexpr int fewMatrices = 100;
-
 QString columnTitle(int column)
 {
     return QStringList{
@@ -67,10 +64,7 @@ FactorNumberPage::FactorNumberPage(QWidget* parent)
     m_ui->splitter->setStretchFactor(1, 0);
 }
 
-FactorNumberPage::~FactorNumberPage()
-{
-    m_model->clear();
-}
+FactorNumberPage::~FactorNumberPage() = default;
 
 void FactorNumberPage::setCases(int cases)
 {
@@ -91,12 +85,10 @@ void FactorNumberPage::compute(const pelmora::Matrix& correlations,
     m_correlations = &correlations;
     m_decomposition = &decomposition;
     m_random.reset();
-    m_ui->spinBoxRandom->setValue(correlations.rows() < manyVariables ? 1000 : fewMatrices);
+    m_ui->spinBoxRandom->setValue(pelmora::proposedMatrices(correlations.rows()));
     m_map = pelmora::minimumAveragePartial(correlations, decomposition);
     m_kaiser = pelmora::empiricalKaiserCriterion(correlations, decomposition, cases());
-    showLines();
-    showTable();
-    showPlot();
+    showResults();
     showWhole(m_ui->tableNumberOfFactors, m_ui->splitter, 0.5);
 }
 
@@ -112,9 +104,7 @@ void FactorNumberPage::on_spinBoxCases_valueChanged(int cases)
     if (isComputed()) {
         m_random.reset();
         m_kaiser = pelmora::empiricalKaiserCriterion(*m_correlations, *m_decomposition, cases);
-        showLines();
-        showTable();
-        showPlot();
+        showResults();
     }
     emit casesChanged(cases);
 }
@@ -131,12 +121,10 @@ void FactorNumberPage::on_pushButtonParallel_clicked()
     if (!self || !isComputed() || !random)
         return;
     m_random = std::move(random);
-    showLines();
-    showTable();
-    showPlot();
+    showResults();
 }
 
-void FactorNumberPage::showLines()
+void FactorNumberPage::showResults()
 {
     const pelmora::Vector& eigenvalues = m_decomposition->eigenvalues;
     const pelmora::Obstacle obstacle =
@@ -148,9 +136,13 @@ void FactorNumberPage::showLines()
     m_ui->labelKaiser->setText(adequacytext::empiricalKaiser(m_kaiser));
     m_ui->labelPartial->setText(adequacytext::minimumAveragePartial(m_map));
     m_ui->pushButtonParallel->setEnabled(!obstacle);
+    showTable();
+    m_ui->screePlot->setCurves({points(eigenvalues),
+                                m_random ? points(m_random->quantile95) : QVector<double>(),
+                                points(m_kaiser.value.references)});
 }
 
-/// Row 0 is of no factor at all.
+/// Row 0 is what no factor at all leaves.
 void FactorNumberPage::showTable()
 {
     pelmora::Matrix values(m_correlations->rows() + 1, Columns);
@@ -169,11 +161,4 @@ void FactorNumberPage::showTable()
     m_model->fill(std::move(values));
     fitColumnWidths(m_ui->tableNumberOfFactors, *m_model);
     setLowRows(m_ui->tableNumberOfFactors);
-}
-
-void FactorNumberPage::showPlot()
-{
-    m_ui->screePlot->setCurves({points(m_decomposition->eigenvalues),
-                                m_random ? points(m_random->quantile95) : QVector<double>(),
-                                points(m_kaiser.value.references)});
 }

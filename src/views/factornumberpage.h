@@ -45,9 +45,8 @@ private slots:
     void on_pushButtonParallel_clicked();
 
 private:
-    void showLines();
+    void showResults();
     void showTable();
-    void showPlot();
 
     std::unique_ptr<Ui::FactorNumberPage> m_ui;
     NumberTableModel* m_model;

@@ -49,6 +49,17 @@ void NumberTableModel::setHeaders(HeaderText vertical, HeaderText horizontal)
     headersChanged();
 }
 
+NumberTableModel::HeaderText NumberTableModel::nameHeader() const
+{
+    return [this](int variable) { return name(variable); };
+}
+
+void NumberTableModel::setNames(const QVector<QString>& names)
+{
+    m_names = names;
+    headersChanged();
+}
+
 void NumberTableModel::headersChanged()
 {
     if (m_rows > 0)
@@ -103,9 +114,4 @@ QVariant NumberTableModel::headerData(int section, Qt::Orientation orientation, 
     if (role != Qt::DisplayRole || !text || section < 0 || section >= count)
         return QAbstractTableModel::headerData(section, orientation, role);
     return text(section);
-}
-
-unsigned NumberTableModel::decimals() const
-{
-    return m_decimals;
 }

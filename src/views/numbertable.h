@@ -6,7 +6,7 @@
 #include "numerics/owners.h"
 
 #include <QAbstractTableModel>
-#include <QStringList>
+#include <QVector>
 
 #include <functional>
 
@@ -43,8 +43,10 @@ public:
     void showNotes(int column, std::function<QString(double)> note);
 
     void setHeaders(HeaderText vertical, HeaderText horizontal);
-    /// Tells the view that names in the headers are different now.
-    void headersChanged();
+    /// A header of the names last set.
+    HeaderText nameHeader() const;
+    void setNames(const QVector<QString>& names);
+    QString name(int variable) const { return m_names.value(variable); }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -53,10 +55,11 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    unsigned decimals() const;
+    unsigned decimals() const { return m_decimals; }
     double value(int row, int column) const { return m_values[row][column]; }
 
 private:
+    void headersChanged();
     bool isEmpty(double number) const;
     QString text(double number, int role) const;
 
@@ -69,6 +72,7 @@ private:
     bool m_exactToolTips = false;
     int m_noteColumn = -1;
     std::function<QString(double)> m_note;
+    QVector<QString> m_names;
     HeaderText m_verticalHeader;
     HeaderText m_horizontalHeader;
 };

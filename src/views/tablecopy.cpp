@@ -74,16 +74,6 @@ bool holdsNumber(const QAbstractItemModel& model, const std::vector<int>& rows, 
                        [&](int row) { return isNumber(model.index(row, column)); });
 }
 
-/// Characters that would end a field or a line become blanks.
-QString line(const QVariant& value)
-{
-    QString text = value.toString();
-    for (QChar& c : text)
-        if (c.category() == QChar::Other_Control)
-            c = u' ';
-    return text;
-}
-
 QString allDigits(const QModelIndex& index)
 {
     const QVariant exact = index.data(exactNumberRole);
@@ -95,7 +85,7 @@ QString shownText(const QModelIndex& index, unsigned decimals)
 {
     const QVariant shown = index.data();
     return shown.userType() == QMetaType::Double ? numbertext::fixed(shown.toDouble(), decimals)
-                                                 : line(shown);
+                                                 : onOneLine(shown.toString());
 }
 
 /// A press of the right button ends here: it would select the cell below, and the menu that comes
@@ -166,10 +156,10 @@ TableGrid copiedGrid(const QAbstractItemView& view, CopiedDigits digits)
     const QItemSelection selection = view.selectionModel()->selection();
     const Extent extent = extentOf(*model, selection);
     for (int column : extent.columns)
-        grid.columns.push_back({line(model->headerData(column, Qt::Horizontal)),
+        grid.columns.push_back({onOneLine(model->headerData(column, Qt::Horizontal).toString()),
                                 holdsNumber(*model, extent.rows, column)});
     for (int row : extent.rows)
-        grid.rowHeadings += line(model->headerData(row, Qt::Vertical));
+        grid.rowHeadings += onOneLine(model->headerData(row, Qt::Vertical).toString());
     // Only a selection of several pieces leaves holes in its extent.
     const bool holes = selection.size() > 1;
     const unsigned decimals = settings::precision();
