@@ -5,8 +5,6 @@
 
 #include "convert/arguments.h"
 
-#include <QStringList>
-
 namespace convert {
 
 enum ExitCode : int { Written = 0, Refused = 1, WrongUsage = 2, CannotReadOrWrite = 3 };

@@ -7,7 +7,6 @@
 #include "convert/refusal.h"
 #include "convert/separator.h"
 
-#include <algorithm>
 #include <new>
 #include <ostream>
 #include <string>
@@ -22,10 +21,14 @@ class LineWriter
 public:
     explicit LineWriter(std::ostream& out) : m_out(out) { m_text.reserve(piece + piece / 4); }
 
-    std::string& line() { return m_text; }
-    void endLine()
+    /// Numbers separated by tabs.
+    template <typename FieldAt>
+    void writeLine(std::size_t count, FieldAt fieldAt)
     {
-        m_text += '\n';
+        for (std::size_t i = 0; i < count; ++i) {
+            appendPlainDecimal(m_text, fieldAt(i));
+            m_text += i + 1 < count ? '\t' : '\n';
+        }
         if (m_text.size() >= piece)
             flush();
     }
@@ -174,32 +177,20 @@ void Conversion::write(std::ostream& out) const
 void Conversion::writeData(std::ostream& out) const
 {
     LineWriter writer(out);
-    for (std::size_t index = 0; index < m_scan.rows; ++index) {
-        if (!isKept(index))
-            continue;
-        std::string& line = writer.line();
-        for (const std::size_t column : m_layout.kept) {
-            appendPlainDecimal(line, table().field(m_layout.firstCase() + index, column));
-            line += '\t';
-        }
-        line.pop_back();
-        writer.endLine();
-    }
+    for (std::size_t index = 0; index < m_scan.rows; ++index)
+        if (isKept(index))
+            writer.writeLine(m_layout.kept.size(), [&](std::size_t i) {
+                return table().field(m_layout.firstCase() + index, m_layout.kept[i]);
+            });
     writer.flush();
 }
 
 void Conversion::writeCorrelations(std::ostream& out) const
 {
     LineWriter writer(out);
-    for (std::size_t i = 0; i < m_correlations->size(); ++i) {
-        std::string& line = writer.line();
-        for (std::size_t j = 0; j < m_correlations->size(); ++j) {
-            appendPlainDecimal(line, m_correlations->field(i, j));
-            line += '\t';
-        }
-        line.pop_back();
-        writer.endLine();
-    }
+    for (std::size_t i = 0; i < m_correlations->size(); ++i)
+        writer.writeLine(m_correlations->size(),
+                         [&](std::size_t j) { return m_correlations->field(i, j); });
     writer.flush();
 }
 

@@ -42,11 +42,13 @@ Choice chosen(const QComboBox* box)
     return static_cast<Choice>(box->currentData().toInt());
 }
 
-/// The first entry leaves the choice to the rules and tells what they found.
-void showFound(QComboBox* box, const QString& found)
+/// The first entry leaves the choice to the rules and tells what they found, if anything.
+template <typename Choice>
+void showFound(QComboBox* box, Choice found)
 {
-    box->setItemText(0, found.isEmpty() ? ConverterWindow::tr("(to be chosen)")
-                                        : ConverterWindow::tr("%1 (recognised)").arg(found));
+    const int index = box->findData(static_cast<int>(found));
+    box->setItemText(0, index > 0 ? ConverterWindow::tr("%1 (recognised)").arg(box->itemText(index))
+                                  : ConverterWindow::tr("(to be chosen)"));
 }
 
 QString localFile(const QMimeData* data)
@@ -232,21 +234,12 @@ void ConverterWindow::setBusy(bool busy)
 void ConverterWindow::showRecognised()
 {
     const Conversion* conversion = m_result.conversion.get();
-    const auto entry = [](const QComboBox* box, auto choice) {
-        const int index = box->findData(static_cast<int>(choice));
-        return index > 0 ? box->itemText(index) : QString();
-    };
-    const bool any = conversion != nullptr;
-    showFound(m_ui->comboKind, any ? entry(m_ui->comboKind, conversion->kind()) : QString());
-    showFound(m_ui->comboEncoding,
-              any ? entry(m_ui->comboEncoding, conversion->text().encoding()) : QString());
-    showFound(m_ui->comboSeparator,
-              any ? entry(m_ui->comboSeparator, conversion->separator()) : QString());
-    showFound(m_ui->comboDecimal,
-              any ? entry(m_ui->comboDecimal, conversion->decimal()) : QString());
-    const auto header = any ? conversion->hasHeader() : std::nullopt;
-    showFound(m_ui->comboHeader,
-              header ? entry(m_ui->comboHeader, *header ? Header::Yes : Header::No) : QString());
+    const auto header = conversion ? conversion->hasHeader() : std::nullopt;
+    showFound(m_ui->comboKind, conversion ? conversion->kind() : Kind::Unknown);
+    showFound(m_ui->comboEncoding, conversion ? conversion->text().encoding() : Encoding::Unknown);
+    showFound(m_ui->comboSeparator, conversion ? conversion->separator() : Separator::Unknown);
+    showFound(m_ui->comboDecimal, conversion ? conversion->decimal() : Decimal::Unknown);
+    showFound(m_ui->comboHeader, !header ? Header::Unknown : *header ? Header::Yes : Header::No);
 }
 
 void ConverterWindow::showColumns()

@@ -206,8 +206,7 @@ std::string_view CorrelationTable::field(std::size_t i, std::size_t j) const
 {
     if (i == j && own(i, j).empty())
         return "1";
-    const bool isBlank = (m_triangle == Upper && i > j) || (m_triangle == Lower && i < j);
-    return isBlank ? own(j, i) : own(i, j);
+    return isBlank(i, j) ? own(j, i) : own(i, j);
 }
 
 std::optional<QString> CorrelationTable::faultAt(std::size_t i, std::size_t j,
@@ -237,13 +236,9 @@ void CorrelationTable::checkFields(const CellRule& rule) const
 {
     ReasonList reasons;
     for (std::size_t i = 0; i < size(); ++i)
-        for (std::size_t j = 0; j < size(); ++j) {
-            const bool isBlank = (m_triangle == Upper && i > j) || (m_triangle == Lower && i < j);
-            if (isBlank)
-                continue;
-            if (const auto fault = faultAt(i, j, rule))
+        for (std::size_t j = 0; j < size(); ++j)
+            if (const auto fault = isBlank(i, j) ? std::nullopt : faultAt(i, j, rule))
                 reasons.add(*fault);
-        }
     if (!reasons.isEmpty())
         throw Refusal(reasons.take(
             tr("These are no correlations; if the table holds data, say --kind data.")));

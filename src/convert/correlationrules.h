@@ -7,7 +7,7 @@
 #include "convert/columnscan.h"
 #include "convert/layout.h"
 
-#include <QStringList>
+#include <QString>
 
 #include <cstddef>
 #include <optional>
@@ -52,6 +52,11 @@ private:
     std::string_view own(std::size_t i, std::size_t j) const
     {
         return m_table.field(m_rows[i], m_columns[j]);
+    }
+    /// Whether the field lies in a blank triangle.
+    bool isBlank(std::size_t i, std::size_t j) const
+    {
+        return (m_triangle == Upper && i > j) || (m_triangle == Lower && i < j);
     }
 
     const Table& m_table;

@@ -6,9 +6,7 @@
 #include "convert/refusal.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <string>
 
 namespace convert {
 
@@ -24,11 +22,6 @@ QString signedField(const Table& table, const Layout& layout, FieldIndex at)
     return tr("%1: %2").arg(placeOf(table, layout, at), shownField(table, at.row, at.column));
 }
 
-bool isText(const ColumnScan& scan, std::size_t index)
-{
-    return scan.numbers(index) == 0;
-}
-
 QString textColumn(const Table& table, const Layout& layout, std::size_t column)
 {
     const QString name = columnText(table, layout.hasHeader, column);
@@ -40,23 +33,14 @@ QString textColumn(const Table& table, const Layout& layout, std::size_t column)
     return tr("%1: nothing in it").arg(name);
 }
 
-/// A value of nines in one column.
-struct Code
+/// Smallest and largest of a column's values but @p code.
+std::pair<double, double> othersOf(const ColumnScan& scan, std::size_t index, double code)
 {
-    std::size_t index;
-    double value;
-    std::size_t count;
-};
-
-/// Smallest and largest of a column's values but one.
-std::pair<double, double> othersOf(const ColumnScan& scan, const Code& code)
-{
-    double smallest = scan.columns[code.index].smallest;
-    double largest = scan.columns[code.index].largest;
-    const auto first =
-        scan.nines.lower_bound({code.index, -std::numeric_limits<double>::infinity()});
-    for (auto it = first; it != scan.nines.end() && it->first.first == code.index; ++it) {
-        if (it->first.second == code.value)
+    double smallest = scan.columns[index].smallest;
+    double largest = scan.columns[index].largest;
+    const auto first = scan.nines.lower_bound({index, -std::numeric_limits<double>::infinity()});
+    for (auto it = first; it != scan.nines.end() && it->first.first == index; ++it) {
+        if (it->first.second == code)
             continue;
         smallest = std::min(smallest, it->first.second);
         largest = std::max(largest, it->first.second);
@@ -76,11 +60,6 @@ bool liesFarOutside(double value, double smallest, double largest)
 QString numberText(double value)
 {
     return QString::number(value, 'g', 15);
-}
-
-QString codeText(double value)
-{
-    return QString::number(value, 'f', 0);
 }
 
 QString commaHint(const CellRule& rule, Separator separator)
@@ -142,7 +121,7 @@ void refuseText(const Table& table, const Layout& layout, const ColumnScan& scan
 {
     ReasonList reasons;
     for (std::size_t index = 0; index < layout.kept.size(); ++index)
-        if (isText(scan, index))
+        if (scan.numbers(index) == 0)
             reasons.add(textColumn(table, layout, layout.kept[index]));
     if (!reasons.isEmpty())
         throw Refusal(
@@ -181,14 +160,14 @@ void refuseUnnamedCodes(const Table& table, const Layout& layout, const ColumnSc
         return;
     ReasonList reasons;
     for (const auto& [key, count] : scan.nines) {
-        const Code code{key.first, key.second, count};
-        const auto [smallest, largest] = othersOf(scan, code);
-        if (code.count < 2 || !liesFarOutside(code.value, smallest, largest))
+        const auto [index, code] = key;
+        const auto [smallest, largest] = othersOf(scan, index, code);
+        if (count < 2 || !liesFarOutside(code, smallest, largest))
             continue;
         reasons.add(tr("%1: %2 stands there %3 times, far outside the other values (%4 to %5)")
-                        .arg(columnText(table, layout.hasHeader, layout.kept[code.index]),
-                             codeText(code.value))
-                        .arg(code.count)
+                        .arg(columnText(table, layout.hasHeader, layout.kept[index]),
+                             QString::number(code, 'f', 0))
+                        .arg(count)
                         .arg(numberText(smallest), numberText(largest)));
     }
     if (!reasons.isEmpty())

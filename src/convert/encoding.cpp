@@ -12,6 +12,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace convert {
@@ -36,13 +37,6 @@ std::string_view contentOf(const QByteArray& buffer)
 {
     return std::string_view(buffer.constData(), static_cast<std::size_t>(buffer.size()))
         .substr(1, static_cast<std::size_t>(buffer.size()) - 1 - SourceText::margin);
-}
-
-QByteArray bufferOf(std::string_view content)
-{
-    QByteArray buffer = bufferFor(content.size());
-    std::copy(content.begin(), content.end(), buffer.begin() + 1);
-    return buffer;
 }
 
 std::size_t lineAt(std::string_view content, std::size_t place)
@@ -129,13 +123,6 @@ std::size_t firstInvalid(std::string_view text)
     return text.size();
 }
 
-[[noreturn]] void refuseNul(std::size_t line)
-{
-    throw Refusal(tr("line %1: the file holds NUL bytes, so it is no text; UTF-16 without a "
-                     "byte-order mark is read with --encoding utf-16le or utf-16be.")
-                      .arg(line));
-}
-
 [[noreturn]] void refuseInvalid(Encoding encoding, std::size_t line)
 {
     throw Refusal(tr("line %1: not valid %2; name the file's encoding by --encoding.")
@@ -146,7 +133,9 @@ std::size_t firstInvalid(std::string_view text)
 void refuseNuls(std::string_view content)
 {
     if (const auto nul = content.find('\0'); nul != std::string_view::npos)
-        refuseNul(lineAt(content, nul));
+        throw Refusal(tr("line %1: the file holds NUL bytes, so it is no text; UTF-16 without a "
+                         "byte-order mark is read with --encoding utf-16le or utf-16be.")
+                          .arg(lineAt(content, nul)));
 }
 
 std::string_view fromUtf16(std::string_view content, Encoding encoding, QByteArray& utf8)
@@ -194,6 +183,13 @@ QByteArray bufferFor(std::size_t size)
     return buffer;
 }
 
+QByteArray bufferOf(QByteArrayView content)
+{
+    QByteArray buffer = bufferFor(static_cast<std::size_t>(content.size()));
+    std::copy(content.begin(), content.end(), buffer.begin() + 1);
+    return buffer;
+}
+
 SourceText decoded(QByteArray buffer, Encoding encoding)
 {
     const std::string_view content = contentOf(buffer);
@@ -221,10 +217,7 @@ SourceText decoded(QByteArray buffer, Encoding encoding)
             refuseInvalid(Encoding::Utf8, lineAt(content, invalid));
         encoding = Encoding::Windows1252;
     }
-    const QByteArray utf8 = fromCodePage(content, encoding);
-    return SourceText(
-        bufferOf(std::string_view(utf8.constData(), static_cast<std::size_t>(utf8.size()))), 1,
-        encoding, !named);
+    return SourceText(bufferOf(fromCodePage(content, encoding)), 1, encoding, !named);
 }
 
 Encoding encodingNamed(const QString& name)

@@ -6,10 +6,10 @@
 #include "convert/options.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <cstddef>
-#include <string_view>
 
 namespace convert {
 
@@ -51,6 +51,8 @@ private:
 /// A buffer for @p size bytes of a file, which go to its second byte and on; SourceText's margins
 /// are set.
 QByteArray bufferFor(std::size_t size);
+/// The same with @p content in it.
+QByteArray bufferOf(QByteArrayView content);
 
 /// Recognises the encoding and converts to UTF-8. Throws Refusal for workbooks, NUL bytes, and
 /// bytes that the encoding does not know.

@@ -10,7 +10,6 @@
 #include <QString>
 
 #include <cstddef>
-#include <vector>
 
 namespace convert {
 
@@ -30,8 +29,7 @@ struct Reading
     bool isSettled = false;         ///< the separator was named by the user or the file
 
     bool isRectangle() const { return fault == Fault::None && table.rows() > 0; }
-    /// Whether the rows are equally long only with a first one that lacks a field.
-    bool missesCorner() const { return table.missesCorner(); }
+    bool isSingleColumn() const { return isRectangle() && fields == 1; }
 };
 
 /// Takes the text apart: quotes, doubled quotes and line ends inside them as in RFC 4180; LF, CR LF

@@ -4,9 +4,8 @@
 #include "convert/names.h"
 
 #include "convert/letters.h"
+#include "input/linetext.h"
 #include "input/namebytes.h"
-
-#include <QList>
 
 #include <algorithm>
 #include <optional>
@@ -18,11 +17,10 @@ namespace convert {
 
 namespace {
 
-/// What the readers take for white space at the ends of a name.
+/// The readers trim it from the ends of a name.
 bool isTrimmed(char byte)
 {
-    const auto code = static_cast<unsigned char>(byte);
-    return (code >= 0x09 && code <= 0x0D) || code == 0x20 || code == 0xA0;
+    return linetext::isBlank(static_cast<unsigned char>(byte));
 }
 
 bool endsLine(QChar letter)

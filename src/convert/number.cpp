@@ -3,11 +3,9 @@
 
 #include "convert/number.h"
 
-#include <QByteArrayView>
+#include "input/numberparser.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -16,8 +14,6 @@
 namespace convert {
 
 namespace {
-
-constexpr std::uint64_t largestExactMantissa = std::uint64_t(1) << 53;
 
 /// Numbers with their first digit beyond these places are beyond double, and an exponent counts
 /// no further: nobody has room for the zeros.
@@ -147,37 +143,21 @@ void appendUnsigned(std::string& out, const Parts& parts)
         appendShifted(out, parts);
 }
 
-/// What the readers make of a plain decimal that no exact division gives.
-std::optional<double> valueOfPlain(const std::string& text)
-{
-#ifdef __cpp_lib_to_chars
-    double value = 0.0;
-    const char* const last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, value, std::chars_format::fixed);
-    // Libraries differ at both ends of the range.
-    if (error == std::errc() && end == last && std::isfinite(value) && value != 0.0)
-        return value;
-#endif
-    bool ok = false;
-    const double slowValue = QByteArrayView(text).toDouble(&ok);
-    return ok ? std::optional(slowValue) : std::nullopt;
-}
-
 void setValue(Number& number, const Parts& parts)
 {
     constexpr std::size_t mostDigits = 19;
     double value = 0.0;
     if (parts.exponent == 0 && parts.whole + parts.fraction <= mostDigits &&
-        parts.digits <= largestExactMantissa) {
+        parts.digits <= pelmora::largestExactMantissa) {
         value = static_cast<double>(static_cast<std::int64_t>(parts.digits)) /
-                exactPowersOfTen[parts.fraction];
+                pelmora::exactPowersOfTen[parts.fraction];
     } else if (const auto place = firstPlace(parts)) {
         number.kind = *place > 0 ? Number::TooLarge : Number::TooSmall;
         if (*place > farthestPlace || *place < -farthestPlace)
             return;
         std::string plain;
         appendUnsigned(plain, parts);
-        const auto found = valueOfPlain(plain);
+        const auto found = pelmora::parseNumber(plain.data(), plain.data() + plain.size());
         if (!found || !std::isfinite(*found) || *found == 0.0)
             return;
         value = *found;

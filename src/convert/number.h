@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include <array>
+#include "numerics/powersoften.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -36,12 +37,6 @@ struct Number
 /// where it is not 0 but would be read so, TooSmall.
 Number parseNumber(std::string_view field, DecimalSigns signs);
 
-/// Powers of ten that are doubles without rounding: an integer of up to 2^53 divided by one of them
-/// is rounded once and therefore correctly.
-inline constexpr std::array<double, 23> exactPowersOfTen = {
-    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
 /// parseNumber() for what nearly all fields of a file are: at most 15 digits without an exponent.
 /// False for any other.
 inline bool parseCommonNumber(std::string_view field, DecimalSigns signs, Number& number)
@@ -70,7 +65,7 @@ inline bool parseCommonNumber(std::string_view field, DecimalSigns signs, Number
     }
     if (p != end || whole + fraction == 0)
         return false;
-    const double value = static_cast<double>(digits) / exactPowersOfTen[fraction];
+    const double value = static_cast<double>(digits) / pelmora::exactPowersOfTen[fraction];
     const bool mayGroup = sign != 0 && fraction == 3 && whole >= 1 && whole <= 3 && *first != '0';
     number = {Number::Value, sign, mayGroup, negative ? -value : value};
     return true;

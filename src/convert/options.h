@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 #include <vector>
 
 namespace convert {
@@ -51,13 +50,6 @@ public:
         for (const Range& range : m_ranges)
             largest = std::max(largest, range.last);
         return largest;
-    }
-    std::size_t smallest() const
-    {
-        std::size_t smallest = std::numeric_limits<std::size_t>::max();
-        for (const Range& range : m_ranges)
-            smallest = std::min(smallest, range.first);
-        return smallest;
     }
 
 private:

@@ -10,7 +10,6 @@
 
 #include <readstat.h>
 
-#include <algorithm>
 #include <memory>
 #include <new>
 #include <string>
@@ -110,9 +109,7 @@ SourceText sourceOf(const StatText& text)
         content.append(content.empty() ? "" : "\t").append(quoted(name));
     content += text.rows;
     content += '\n';
-    QByteArray buffer = bufferFor(content.size());
-    std::copy(content.begin(), content.end(), buffer.begin() + 1);
-    return decoded(buffer, Encoding::Utf8);
+    return decoded(bufferOf(content), Encoding::Utf8);
 }
 
 } // namespace

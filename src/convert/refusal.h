@@ -26,9 +26,9 @@ private:
     QStringList m_reasons;
 };
 
-inline QString tr(const char* text, int n = -1)
+inline QString tr(const char* text)
 {
-    return QCoreApplication::translate("Convert", text, nullptr, n);
+    return QCoreApplication::translate("Convert", text);
 }
 
 } // namespace convert

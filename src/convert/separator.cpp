@@ -8,8 +8,7 @@
 #include "convert/refusal.h"
 
 #include <algorithm>
-#include <cstring>
-#include <optional>
+#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -105,7 +104,7 @@ Reading SeparatorSearch::run()
     for (const bool missingCorner : {false, true}) {
         std::vector<Reading> fitting;
         for (Reading& reading : readings)
-            if (reading.isRectangle() && reading.missesCorner() == missingCorner &&
+            if (reading.isRectangle() && reading.table.missesCorner() == missingCorner &&
                 (!several || reading.fields > 1))
                 fitting.push_back(std::move(reading));
         if (!fitting.empty())
@@ -143,10 +142,7 @@ void SeparatorSearch::refuseSingle(const Reading& reading) const
 /// Where no separator occurs, a single column.
 Reading SeparatorSearch::single(std::vector<Reading>& readings) const
 {
-    const bool isSingle = std::all_of(readings.begin(), readings.end(), [](const Reading& reading) {
-        return reading.isRectangle() && reading.fields == 1;
-    });
-    if (!isSingle)
+    if (!std::all_of(readings.begin(), readings.end(), std::mem_fn(&Reading::isSingleColumn)))
         refuseNone(readings);
     refuseSingle(readings.front());
     return std::move(readings.front());
@@ -260,9 +256,7 @@ void SeparatorSearch::refuseNone(const std::vector<Reading>& readings) const
                   return reading.fault != Reading::Fault::None;
               });
     QStringList reasons(faultText(m_text, *faulty));
-    if (std::any_of(readings.begin(), readings.end(), [](const Reading& reading) {
-            return reading.isRectangle() && reading.fields == 1;
-        }))
+    if (std::any_of(readings.begin(), readings.end(), std::mem_fn(&Reading::isSingleColumn)))
         reasons << tr("If the file is a single column, name --decimal or --separator.");
     throw Refusal(reasons);
 }

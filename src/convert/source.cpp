@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <filesystem>
 #include <new>
 #include <system_error>
@@ -45,9 +44,7 @@ QByteArray readToTheEnd(QFile& file)
     const QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
         fail(file);
-    QByteArray buffer = bufferFor(static_cast<std::size_t>(content.size()));
-    std::copy(content.begin(), content.end(), buffer.begin() + 1);
-    return buffer;
+    return bufferOf(content);
 }
 
 QByteArray readSized(QFile& file)
@@ -71,7 +68,7 @@ QByteArray readSized(QFile& file)
 SourceText readSource(const QString& path, Options& options)
 try {
     refuseDevices(path);
-    if (isStatFile(path))
+    if (!statFormat(path).isEmpty())
         return readStatFile(path, options);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))

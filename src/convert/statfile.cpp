@@ -43,11 +43,6 @@ QString statFormat(const QString& path)
     return QString();
 }
 
-bool isStatFile(const QString& path)
-{
-    return !statFormat(path).isEmpty();
-}
-
 #ifndef PELMORA_READSTAT
 SourceText readStatFile(const QString& path, Options&)
 {

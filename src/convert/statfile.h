@@ -10,11 +10,8 @@
 
 namespace convert {
 
-/// Whether the file is one of SPSS, Stata or SAS (sav, zsav, por, dta, xpt), by its first bytes or
-/// its name.
-bool isStatFile(const QString& path);
-
-/// The suffix that stands for its format; empty for any other file.
+/// The suffix that stands for the format of a file of SPSS, Stata or SAS (sav, zsav, por, dta,
+/// xpt), told by its first bytes or its name; empty for any other file.
 QString statFormat(const QString& path);
 
 /// Its variables as a text with a header. Values that the file declares missing are empty fields;

@@ -50,6 +50,7 @@ public:
     /// Rows become columns; places stay those of the file.
     void exchange() { m_exchanged = !m_exchanged; }
     bool isExchanged() const { return m_exchanged; }
+    /// Whether the rows are equally long only with a first one that lacks a field.
     bool missesCorner() const { return m_missesCorner; }
 
     /// Drops columns at the right that have nothing in any row and returns how many.

@@ -5,8 +5,8 @@
 
 #include "input/asciidata.h"
 #include "input/linetext.h"
+#include "input/numberparser.h"
 #include "input/readerreport.h"
-#include "input/scan/numberparser.h"
 #include "input/triangle.h"
 #include "numerics/progress.h"
 

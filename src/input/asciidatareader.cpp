@@ -6,7 +6,6 @@
 #include "input/asciidata.h"
 #include "input/scan/faultreport.h"
 #include "input/scan/numberlines.h"
-#include "input/variablenames.h"
 
 #include <new>
 #include <utility>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "input/scan/numberparser.h"
+#include "input/numberparser.h"
 
 #include "input/scan/charclass.h"
 #include "numerics/powersoften.h"

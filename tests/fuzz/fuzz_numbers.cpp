@@ -4,7 +4,7 @@
 // One entry of a data line: converted, or refused, as the toolkit does.
 
 #include "fuzz/fuzzsupport.h"
-#include "input/scan/numberparser.h"
+#include "input/numberparser.h"
 #include "input/scan/numberscan.h"
 
 #include <string>

@@ -3,8 +3,8 @@
 
 #include "input/scan/numberlines.h"
 
+#include "input/numberparser.h"
 #include "input/scan/linescan.h"
-#include "input/scan/numberparser.h"
 #include "input/scan/numberscan.h"
 #include "numerics/largepages.h"
 #include "numerics/memory.h"
