@@ -16,11 +16,6 @@ namespace {
 using pelmora::Computed;
 using pelmora::Obstacle;
 
-std::span<const double> numbersOf(const pelmora::Vector& values)
-{
-    return {values.begin(), values.end()};
-}
-
 /// Notes why values are missing on the way.
 class AdequacyObject
 {
@@ -70,9 +65,9 @@ private:
         writeNumber("kmo", measures.kmo);
         // Where all correlations are 0 there is no measure of any variable either.
         if (has("msa", measures.kmo.obstacle))
-            m_json.numbers(numbersOf(measures.msa));
+            m_json.numbers(measures.msa);
         if (has("squaredMultipleCorrelations", results.toInverse))
-            m_json.numbers(numbersOf(measures.squaredMultipleCorrelations));
+            m_json.numbers(measures.squaredMultipleCorrelations);
         if (has("antiImage", results.toInverse))
             m_json.rows(measures.antiImage);
     }
@@ -96,8 +91,8 @@ private:
         m_json.key("cases").value(results.random->cases);
         m_json.key("byQuantile").value(results.byQuantile);
         m_json.key("byMean").value(results.byMean);
-        m_json.key("mean").numbers(numbersOf(results.random->mean));
-        m_json.key("quantile").numbers(numbersOf(results.random->quantile95));
+        m_json.key("mean").numbers(results.random->mean);
+        m_json.key("quantile").numbers(results.random->quantile95);
         m_json.endObject();
     }
 
@@ -105,7 +100,7 @@ private:
     {
         m_json.beginObject();
         m_json.key("factors").value(criterion.factors);
-        m_json.key("references").numbers(numbersOf(criterion.references));
+        m_json.key("references").numbers(criterion.references);
         m_json.endObject();
     }
 
@@ -114,8 +109,8 @@ private:
         m_json.beginObject();
         m_json.key("squares").value(partial.bySquares);
         m_json.key("fourthPowers").value(partial.byFourthPowers);
-        m_json.key("squaresByFactors").numbers(numbersOf(partial.squares));
-        m_json.key("fourthPowersByFactors").numbers(numbersOf(partial.fourthPowers));
+        m_json.key("squaresByFactors").numbers(partial.squares);
+        m_json.key("fourthPowersByFactors").numbers(partial.fourthPowers);
         m_json.endObject();
     }
 

@@ -3,7 +3,9 @@
 
 #include "batch/analyseoptions.h"
 
-#include <QCoreApplication>
+#include "batch/arguments.h"
+#include "batch/console.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -13,11 +15,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 template <typename Value>
 struct Word
@@ -46,13 +43,11 @@ std::optional<Value> valueOf(const Word<Value> (&words)[count], const QString& t
     return found == std::end(words) ? std::nullopt : std::optional(found->value);
 }
 
-std::optional<int> wholeNumber(const QString& text, int least, int most)
+/// A number of factors or cases.
+std::optional<int> countIn(const QString& text)
 {
-    const bool digits =
-        std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    bool ok = false;
-    const int number = text.toInt(&ok);
-    return digits && ok && number >= least && number <= most ? std::optional(number) : std::nullopt;
+    const auto number = wholeNumber(text, 1, std::numeric_limits<int>::max());
+    return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
 }
 
 /// Goes through the arguments one by one.
@@ -128,7 +123,7 @@ private:
 
     void takeFactors(const QString& value)
     {
-        const auto number = wholeNumber(value, 1, std::numeric_limits<int>::max());
+        const auto number = countIn(value);
         m_options.factors = number.value_or(0);
         m_options.rule = FactorRule::Given;
         if (value == u"eigenvalues")
@@ -163,7 +158,7 @@ private:
 
     void takeCases(const QString& value)
     {
-        if (const auto number = wholeNumber(value, 1, std::numeric_limits<int>::max()))
+        if (const auto number = countIn(value))
             m_options.cases = *number;
         else
             refuse(value);

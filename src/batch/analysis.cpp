@@ -4,15 +4,14 @@
 #include "batch/analysis.h"
 
 #include "batch/analyseoptions.h"
+#include "batch/console.h"
 #include "batch/correlationcomments.h"
 #include "batch/filemessages.h"
 #include "input/correlationdata.h"
 #include "input/loading.h"
-#include "numerics/rotation.h"
 #include "numerics/standardisation.h"
 #include "output/adequacytext.h"
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
@@ -25,11 +24,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 /// Empty where the file cannot be read.
 QByteArray sha256Of(const QString& path)
@@ -52,18 +46,6 @@ bool allFinite(const pelmora::Matrix& matrix)
         if (!allFinite({matrix[i], static_cast<std::size_t>(matrix.columns())}))
             return false;
     return true;
-}
-
-int methodOf(FactorKind kind)
-{
-    switch (kind) {
-    case FactorKind::Pelmora:
-        return pelmora::PelmoraRotation;
-    case FactorKind::Varimax:
-        return pelmora::VarimaxRotation;
-    default:
-        return pelmora::NoRotation;
-    }
 }
 
 /// One analysis on its way; each step says whether the next one may come.
@@ -150,7 +132,7 @@ private:
             m_analysis.factors = m_options.factors;
             break;
         case FactorRule::Eigenvalues:
-            m_analysis.factors = proposedFactors(found.eigenvalues);
+            m_analysis.factors = pelmora::proposedFactors(found.eigenvalues);
             break;
         case FactorRule::Parallel:
             if (const pelmora::Obstacle& obstacle = m_analysis.adequacy->toComparison)
@@ -182,7 +164,7 @@ private:
     {
         for (const FactorKind kind : m_options.rotations) {
             auto factors = pelmora::extractFactors(m_analysis.decomposition, m_analysis.factors,
-                                                   methodOf(kind), rawScores());
+                                                   static_cast<int>(kind), rawScores());
             const bool scoresMissing = factors.scores.isNull() && !m_data.isNull();
             if (factors.isNull() || scoresMissing)
                 return false;
@@ -212,20 +194,13 @@ private:
 
 bool Analysis::isFinite(bool withCoefficients) const
 {
-    const pelmora::Vector& eigenvalues = decomposition.eigenvalues;
-    if (!allFinite(correlations) || !allFinite({eigenvalues.begin(), eigenvalues.end()}) ||
+    if (!allFinite(correlations) || !allFinite(decomposition.eigenvalues) ||
         !allFinite(decomposition.initialLoadings))
         return false;
     return std::all_of(pages.begin(), pages.end(), [&](const AnalysedPage& page) {
         return allFinite(page.loadings.values) && allFinite(page.scores) &&
                (!withCoefficients || allFinite(page.coefficients));
     });
-}
-
-int proposedFactors(const pelmora::Vector& eigenvalues)
-{
-    return std::min(std::max(pelmora::countEigenvaluesOfAtLeastOne(eigenvalues), 2),
-                    eigenvalues.size());
 }
 
 bool analyseFile(const QString& file, const AnalyseOptions& options, FileMessages& messages,

@@ -56,8 +56,4 @@ struct Analysis
 bool analyseFile(const QString& file, const AnalyseOptions& options, FileMessages& messages,
                  Analysis& analysis);
 
-/// As the "PCA" page presets it: how many eigenvalues are at least 1, but at least 2 where there
-/// are so many variables.
-int proposedFactors(const pelmora::Vector& eigenvalues);
-
 } // namespace batch

@@ -16,16 +16,6 @@ namespace batch {
 
 namespace {
 
-void writeNumbers(JsonWriter& json, const char* key, const std::vector<double>& values)
-{
-    json.key(key).numbers(values);
-}
-
-void writeNumbers(JsonWriter& json, const char* key, const pelmora::Vector& values)
-{
-    json.key(key).numbers({values.begin(), values.end()});
-}
-
 /// Both or neither are known.
 void writeMoments(JsonWriter& json, const Analysis& analysis)
 {
@@ -34,8 +24,8 @@ void writeMoments(JsonWriter& json, const Analysis& analysis)
         json.key("standardDeviations").null();
         return;
     }
-    writeNumbers(json, "means", analysis.means);
-    writeNumbers(json, "standardDeviations", analysis.standardDeviations);
+    json.key("means").numbers(analysis.means);
+    json.key("standardDeviations").numbers(analysis.standardDeviations);
 }
 
 void writeInput(JsonWriter& json, const Analysis& analysis, bool refused)
@@ -107,8 +97,8 @@ void writePage(JsonWriter& json, const AnalysedPage& page)
     json.key("rotation").value(rotationWord(page.kind));
     json.key("factors").value(loadings.columns());
     json.key("loadings").rows(loadings);
-    writeNumbers(json, "communalities", sums.communalities);
-    writeNumbers(json, "explainedVariance", sums.explainedVariance);
+    json.key("communalities").numbers(sums.communalities);
+    json.key("explainedVariance").numbers(sums.explainedVariance);
     json.key("scoreCoefficients").rows(page.coefficients);
     if (!page.scores.isNull())
         json.key("scores").rows(page.scores);
@@ -128,7 +118,7 @@ void writeAnalysis(JsonWriter& json, const Analysis& analysis, const FileMessage
     if (!refused) {
         writeMoments(json, analysis);
         json.key("correlations").rows(analysis.correlations);
-        writeNumbers(json, "eigenvalues", analysis.decomposition.eigenvalues);
+        json.key("eigenvalues").numbers(analysis.decomposition.eigenvalues);
         json.key("eigenvectors").rows(analysis.decomposition.eigenvectors);
         json.key("initialLoadings").rows(analysis.decomposition.initialLoadings);
         json.key("pages").beginArray();

@@ -3,7 +3,8 @@
 
 #include "batch/arguments.h"
 
-#include <QCoreApplication>
+#include "batch/console.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -12,11 +13,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 /// Takes the option at the head of @p arguments.
 void takeOption(QStringList& arguments, const QStringList& names, Arguments& result)
@@ -59,13 +55,14 @@ bool isSameFile(const QString& one, const QString& other)
     return !path.isEmpty() && path == QFileInfo(other).canonicalFilePath();
 }
 
-std::optional<std::uint64_t> wholeNumber(const QString& text, std::uint64_t most)
+std::optional<std::uint64_t> wholeNumber(const QString& text, std::uint64_t least,
+                                         std::uint64_t most)
 {
     const bool digits =
         std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
     bool ok = false;
     const std::uint64_t number = text.toULongLong(&ok);
-    return digits && ok && number <= most ? std::optional(number) : std::nullopt;
+    return digits && ok && number >= least && number <= most ? std::optional(number) : std::nullopt;
 }
 
 void takeNumber(Arguments& arguments, const char* option, std::uint64_t& number)
@@ -74,7 +71,7 @@ void takeNumber(Arguments& arguments, const char* option, std::uint64_t& number)
     if (!arguments.options.contains(name))
         return;
     const QString text = arguments.options.value(name);
-    const auto value = wholeNumber(text, std::numeric_limits<std::int64_t>::max());
+    const auto value = wholeNumber(text, 0, std::numeric_limits<std::int64_t>::max());
     if (value)
         number = *value;
     else

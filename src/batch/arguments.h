@@ -30,8 +30,9 @@ Arguments takeApart(QStringList arguments, const QStringList& names);
 /// Whether two names are those of one existing file.
 bool isSameFile(const QString& one, const QString& other);
 
-/// A number of digits only, at most @p most.
-std::optional<std::uint64_t> wholeNumber(const QString& text, std::uint64_t most);
+/// A number of digits only, from @p least to @p most.
+std::optional<std::uint64_t> wholeNumber(const QString& text, std::uint64_t least,
+                                         std::uint64_t most);
 
 /// Takes the value of an option, where it is given, as a number; otherwise @p number stays.
 void takeNumber(Arguments& arguments, const char* option, std::uint64_t& number);

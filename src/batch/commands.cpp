@@ -26,11 +26,6 @@ constexpr Command commands[] = {
     {"score", QT_TRANSLATE_NOOP("Batch", "compute the factor scores of any cases"), score},
 };
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
-
 QString help()
 {
     QString text = tr("Usage: pelmora-batch COMMAND [ARGUMENTS]\n\n"

@@ -3,23 +3,32 @@
 
 #include "batch/console.h"
 
+#include "output/tabletext.h"
+
 #include <QCoreApplication>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <ostream>
+#include <iostream>
 
 namespace batch {
 
 namespace {
 
+int tellStandardOutputFailure()
+{
+    tell(QStringLiteral("-"), tr("Cannot write to standard output: %1")
+                                  .arg(QString::fromLocal8Bit(std::strerror(errno))));
+    return CannotWrite;
+}
+
+} // namespace
+
 QString tr(const char* text)
 {
     return QCoreApplication::translate("Batch", text);
 }
-
-} // namespace
 
 QString version()
 {
@@ -33,11 +42,8 @@ QString versionLine()
 
 void tell(const QString& file, const QString& text)
 {
-    QString line = file + QStringLiteral(": ") + text;
     // Names of files and texts of damaged ones may hold line ends.
-    for (QChar& character : line)
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
+    const QString line = onOneLine(file + QStringLiteral(": ") + text);
     std::fputs((line + u'\n').toLocal8Bit().constData(), stderr);
 }
 
@@ -72,9 +78,21 @@ int writeToStandardOutput(std::string_view bytes)
     if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() &&
         std::fflush(stdout) == 0)
         return Success;
-    tell(QStringLiteral("-"), tr("Cannot write to standard output: %1")
-                                  .arg(QString::fromLocal8Bit(std::strerror(errno))));
-    return CannotWrite;
+    return tellStandardOutputFailure();
+}
+
+int streamOutput(const QString& path, const std::function<void(std::ostream&)>& write)
+{
+    if (path != u"-")
+        return writeOutput(path, write, LineEnds::AsWritten) ? Success : CannotWrite;
+    try {
+        std::cout.exceptions(std::ios_base::failbit | std::ios_base::badbit);
+        write(std::cout);
+        std::cout.flush();
+        return Success;
+    } catch (const std::ios_base::failure&) {
+        return tellStandardOutputFailure();
+    }
 }
 
 int print(const QString& text)

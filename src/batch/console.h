@@ -15,6 +15,8 @@
 /// What all commands share: how they end and how they speak.
 namespace batch {
 
+QString tr(const char* text);
+
 /// A command that meets several faults ends with the largest.
 enum ExitCode : int {
     Success = 0,
@@ -40,6 +42,12 @@ bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& 
                  LineEnds lineEnds = LineEnds::OfThePlatform);
 /// The same for bytes that stay as they are.
 bool writeOutput(const QString& path, const QByteArray& bytes);
+
+/// Writes a file whole or not at all, its bytes as they are; where @p path is "-", to standard
+/// output as they come. What @p write throws besides the stream's own failures is passed on. A
+/// failure is told.
+/// @returns an ExitCode
+int streamOutput(const QString& path, const std::function<void(std::ostream&)>& write);
 
 /// Writes @p bytes to standard output, to the last one; a failure is told. An ExitCode.
 int writeToStandardOutput(std::string_view bytes);

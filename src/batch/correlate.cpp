@@ -9,10 +9,8 @@
 #include "batch/console.h"
 #include "batch/correlationfile.h"
 #include "batch/gathering.h"
-#include "batch/outputstream.h"
 #include "input/rowstream.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -21,11 +19,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 bool endsInCor(const QString& path)
 {

@@ -6,11 +6,8 @@
 #include "batch/console.h"
 #include "batch/correlationcomments.h"
 #include "batch/gathering.h"
-#include "batch/outputstream.h"
 #include "input/variablenames.h"
 #include "output/numbertext.h"
-
-#include <QCoreApplication>
 
 #include <cmath>
 #include <ostream>
@@ -18,11 +15,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 VariableNames namesOf(const Sums& sums)
 {

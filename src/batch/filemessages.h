@@ -23,7 +23,6 @@ public:
     void add(const ReaderMessage& message);
     void warn(const QString& title, const QString& text);
 
-    const QString& file() const { return m_file; }
     const QList<ReaderMessage>& all() const { return m_messages; }
     /// Whether the numerics reported: the eigenvalues did not converge, or memory did not suffice.
     bool hasNumericalFault() const { return m_numericalFault; }

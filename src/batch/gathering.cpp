@@ -26,7 +26,7 @@ bool readStream(pelmora::RowStream& stream, const QString& file, std::size_t row
         const FileMessages messages(file);
         const auto outcome = stream.read(rowsPerBlock, takeRows);
         if (outcome == pelmora::RowStream::CannotOpen)
-            tell(file, QCoreApplication::translate("Batch", "Cannot open file %1").arg(file));
+            tell(file, tr("Cannot open file %1").arg(file));
         return outcome == pelmora::RowStream::Complete;
     } catch (const std::bad_alloc&) {
         return tellShortage();

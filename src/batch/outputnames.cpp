@@ -3,7 +3,8 @@
 
 #include "batch/outputnames.h"
 
-#include <QCoreApplication>
+#include "batch/console.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
@@ -17,11 +18,6 @@ namespace {
 /// Stands for the number of factors in names whose number is not known yet. No name of a file holds
 /// it.
 const QString anyNumber = QString(QChar(0xffff));
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 QString endingOf(const char* text)
 {

@@ -16,9 +16,6 @@ class OutputNames
 public:
     OutputNames(const AnalyseOptions& options, const QString& input);
 
-    /// Folder and name of the input without its last ending.
-    const QString& stem() const { return m_stem; }
-
     /// "stem.ENDING".
     QString file(const char* ending) const;
     /// "stem_M.ENDING" of a page with so many factors.
@@ -30,7 +27,7 @@ public:
     QStringList all(const AnalyseOptions& options, const QString& factors) const;
 
 private:
-    QString m_stem;
+    QString m_stem; ///< folder and name of the input without its last ending
 };
 
 QString drawingEnding(DrawingKind kind);

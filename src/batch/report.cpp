@@ -10,13 +10,11 @@
 #include "batch/outputnames.h"
 #include "batch/reportdocument.h"
 #include "minimalpairs/minimalpairfinder.h"
-#include "numerics/initialfactors.h"
 #include "output/adequacytext.h"
 #include "output/loadingsums.h"
 #include "output/numbertext.h"
 #include "output/tabletext.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -24,20 +22,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
-
-/// Names go into tables as one line.
-QString shownName(QString name)
-{
-    for (QChar& character : name)
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    return name;
-}
 
 QString inputLine(const Analysis& analysis)
 {
@@ -132,21 +116,16 @@ void Report::addNumberOfFactors(const Analysis& analysis)
 
 void Report::addEigenvalues(const Analysis& analysis)
 {
-    const pelmora::Vector& eigenvalues = analysis.decomposition.eigenvalues;
-    const int n = eigenvalues.size();
-    pelmora::Vector variance(n);
-    pelmora::Vector cumulative(n);
-    pelmora::explained_variance(eigenvalues.data(), n, variance.data(), cumulative.data());
-    const pelmora::Vector* columns[] = {&eigenvalues, &variance, &cumulative};
+    const pelmora::Matrix table = pelmora::varianceTable(analysis.decomposition.eigenvalues);
 
     TableGrid grid;
     grid.corner = tr("Factor");
     grid.columns = {numberColumn(tr("Eigenvalue")), numberColumn(tr("Variance [%]")),
                     numberColumn(tr("Cumulative [%]"))};
-    for (int j = 0; j < n; ++j)
+    for (int j = 0; j < table.columns(); ++j)
         grid.rowHeadings.append(QString::number(j + 1));
     grid.cell = [&](int row, int column) {
-        return numbertext::fixed((*columns[column])[row], m_decimals);
+        return numbertext::fixed(table[column][row], m_decimals);
     };
     m_document->heading(3, tr("Eigenvalues"));
     m_document->table(grid);
@@ -175,7 +154,7 @@ void Report::addLoadings(const AnalysedPage& page)
         grid.columns.push_back(numberColumn(tr("F%1").arg(j + 1)));
     grid.columns.push_back(numberColumn(tr("Communality")));
     for (const QString& name : page.loadings.names.texts())
-        grid.rowHeadings.append(shownName(name));
+        grid.rowHeadings.append(onOneLine(name));
     grid.rowHeadings.append(tr("Explained variance [%]"));
     grid.cell = [&](int row, int column) {
         const auto i = static_cast<std::size_t>(row);
@@ -204,7 +183,7 @@ void Report::addPairs(const AnalysedPage& page)
         grid.rowHeadings.append(tr("F%1").arg(row / ranks + 1));
     grid.cell = [&](int row, int column) {
         const MinimalPair pair = finder.pair(row / ranks, row % ranks);
-        return column < 2 ? shownName(pair.variables[static_cast<std::size_t>(column)].name)
+        return column < 2 ? onOneLine(pair.variables[static_cast<std::size_t>(column)].name)
                           : numbertext::fixed(pair.difference, m_decimals);
     };
     m_document->heading(4, tr("Minimal pairs"));

@@ -5,11 +5,8 @@
 #include "batch/commands.h"
 #include "batch/console.h"
 #include "batch/gathering.h"
-#include "batch/outputstream.h"
 #include "batch/scorer.h"
 #include "output/numbertext.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -18,11 +15,6 @@
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 /// What the arguments ask for.
 struct ScoreOptions
@@ -148,7 +140,7 @@ private:
             line.clear();
             for (int j = 0; j < scores.columns(); ++j) {
                 m_allFinite = m_allFinite && std::isfinite(scores[i][j]);
-                line += numbertext::fixed(scores[i][j], m_options.precision).toStdString();
+                line += numbertext::fixedBytes(scores[i][j], m_options.precision);
                 line += j + 1 < scores.columns() ? '\t' : '\n';
             }
             out << line;

@@ -3,9 +3,9 @@
 
 #include "batch/scorer.h"
 
+#include "batch/console.h"
 #include "numerics/product.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -14,16 +14,10 @@
 #include <algorithm>
 #include <limits>
 #include <new>
-#include <utility>
 
 namespace batch {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Batch", text);
-}
 
 /// What is not finite stands as null.
 double number(const QJsonValue& value)
