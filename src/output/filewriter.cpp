@@ -15,11 +15,12 @@
 
 namespace {
 
-/// Takes a stream's bytes to a device in large pieces.
+/// Takes a stream's bytes to a device in large pieces. Opens it with the first: a writer that gives
+/// up before leaves a file that is written straight as it was, too.
 class DeviceBuffer : public std::streambuf
 {
 public:
-    explicit DeviceBuffer(QFileDevice& device) : m_device(device)
+    DeviceBuffer(QFileDevice& device, QIODevice::OpenMode mode) : m_device(device), m_mode(mode)
     {
         setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
     }
@@ -36,6 +37,8 @@ protected:
 
     int sync() override
     {
+        if (!m_device.isOpen() && !m_device.open(m_mode))
+            return -1;
         // The device takes fewer bytes than it is given where its room ends, and tells why only
         // when it is asked to take the rest.
         for (const char* next = pbase(); next < pptr();) {
@@ -50,6 +53,7 @@ protected:
 
 private:
     QFileDevice& m_device;
+    QIODevice::OpenMode m_mode;
     std::array<char, 1 << 16> m_bytes;
 };
 
@@ -81,18 +85,19 @@ bool isWritable(QFile& file)
     return opened;
 }
 
-std::optional<WriteFailure> fill(QFileDevice& device, const QString& path,
+std::optional<WriteFailure> fill(QFileDevice& device, QIODevice::OpenMode mode, const QString& path,
                                  const std::function<void(std::ostream&)>& write)
 {
     using Step = WriteFailure::Step;
-    DeviceBuffer buffer(device);
+    DeviceBuffer buffer(device, mode);
     std::ostream stream(&buffer);
     try {
         stream.exceptions(std::ios_base::failbit | std::ios_base::badbit);
         write(stream);
         stream.flush();
     } catch (const std::ios_base::failure&) {
-        return WriteFailure{Step::Writing, path, device.errorString()};
+        return WriteFailure{device.isOpen() ? Step::Writing : Step::Opening, path,
+                            device.errorString()};
     } catch (const std::bad_alloc&) {
         return WriteFailure{Step::Content, path,
                             QCoreApplication::translate("FileWriter", "Not enough memory.")};
@@ -123,9 +128,7 @@ writeFile(const QString& path, const std::function<void(std::ostream&)>& write, 
     QFileDevice& device = replaces ? static_cast<QFileDevice&>(second) : straight;
     QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
     mode.setFlag(QIODevice::Text, lineEnds == LineEnds::OfThePlatform);
-    if (!device.open(mode))
-        return WriteFailure{Step::Opening, path, device.errorString()};
-    if (auto failure = fill(device, path, write)) {
+    if (auto failure = fill(device, mode, path, write)) {
         second.cancelWriting();
         return failure;
     }

@@ -23,5 +23,6 @@ void layOutWholeDiagram(QTableView* view, factorModel* model);
 /// memory does not suffice or the user cancels.
 QImage diagramImage(factorModel* model);
 
-/// Writes @p image as files and exports hold it. Throws std::bad_alloc.
+/// Writes @p image as files and exports hold it. Throws std::bad_alloc when the memory does not
+/// suffice or the user cancels.
 void writePng(std::ostream& out, const QImage& image);

@@ -4,8 +4,8 @@
 #include "views/fileexport.h"
 
 #include "output/filewriter.h"
+#include "views/longwork.h"
 #include "views/sessionface.h"
-#include "views/waitcursor.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -121,12 +121,21 @@ void tell(const Surroundings& around, const FileExport& fileExport, const WriteF
         tell(around, fileExport.failureTitle, failure.text(), QString());
 }
 
-std::optional<WriteFailure> writeWaiting(const QString& path, const FileExport& fileExport,
-                                         const std::function<void(std::ostream&)>& write)
+/// Writes the file, or tells why it could not unless that is because the user has cancelled.
+bool writeOrTell(const Surroundings& around, const FileExport& fileExport, const QString& path,
+                 const std::function<void(std::ostream&)>& write)
 {
-    const WaitCursor waiting;
-    return writeFile(path, write,
-                     fileExport.isBinary ? LineEnds::AsWritten : LineEnds::OfThePlatform);
+    std::optional<WriteFailure> failure;
+    {
+        const LongWork work(around.page());
+        failure = writeFile(path, write,
+                            fileExport.isBinary ? LineEnds::AsWritten : LineEnds::OfThePlatform);
+        if (LongWork::isCancelled())
+            return false;
+    }
+    if (failure)
+        tell(around, fileExport, *failure);
+    return !failure;
 }
 
 } // namespace
@@ -151,10 +160,7 @@ QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExp
     if (chosen.path.isEmpty() ||
         (isInputOf(around.session(), chosen.path) && !mayReplaceInput(around, fileExport)))
         return {};
-    if (const auto failure =
-            writeWaiting(chosen.path, fileExport, [&](std::ostream& out) { write(out, chosen); })) {
-        tell(around, fileExport, *failure);
-        return {};
-    }
-    return chosen.path;
+    const bool written = writeOrTell(around, fileExport, chosen.path,
+                                     [&](std::ostream& out) { write(out, chosen); });
+    return written ? chosen.path : QString();
 }

@@ -5,6 +5,8 @@
 #include "views/longwork.h"
 
 #include <QClipboard>
+#include <QDir>
+#include <QLineEdit>
 #include <QProgressDialog>
 #include <QRadioButton>
 #include <QRandomGenerator>
@@ -194,6 +196,24 @@ private slots:
         QVERIFY(m_seen.contains("Drawing the image"));
         QCOMPARE(QGuiApplication::clipboard()->text(), "before");
         QCOMPARE(m_dialogs.takeRecord(), QStringList());
+
+        // The drawing is complete and copied, and its file is being made.
+        const SampleFile old("old.png", "old");
+        m_dialogs.onDialog([&](QDialog* dialog) {
+            m_seen.clear();
+            m_cancelAt = "Drawing the image";
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(old.path());
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        find<QPushButton>("ImageButton")->click();
+        m_cancelAt.clear();
+        QCOMPARE(m_seen, QStringList("Drawing the image"));
+        QCOMPARE(m_dialogs.takeRecord().filter("Error"), QStringList());
+        QFile file(old.path());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "old");
+        QCOMPARE(QDir(old.folder()).entryList(QDir::Files | QDir::Hidden), QStringList("old.png"));
+        QVERIFY(saved("ImageButton").startsWith("\x89PNG"));
     }
 
     void nothingElseCanBeDoneMeanwhile()

@@ -152,6 +152,8 @@ private slots:
         QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x5555)));
         {
             const OrdinaryUser user;
+            QVERIFY(writeFile(m_old, [](std::ostream&) { throw std::bad_alloc(); }));
+            QCOMPARE(contents(m_old), "old\n");
             QVERIFY(!writeFile(m_old, writeNew));
             QVERIFY(writeFile(place("other.dat"), writeNew));
         }
