@@ -11,7 +11,10 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -46,6 +49,14 @@ public:
     }
     bool isThere() const { return !m_display.isEmpty(); }
 
+    /// Windows that come meanwhile reach the screen only afterwards.
+    void holdWindowsBack(std::chrono::milliseconds time) const
+    {
+        const auto manager = static_cast<pid_t>(m_manager.processId());
+        kill(manager, SIGSTOP);
+        QTimer::singleShot(time, &m_manager, [manager] { kill(manager, SIGCONT); });
+    }
+
 private:
     QProcess m_server;
     QProcess m_manager;
@@ -76,6 +87,12 @@ class TestWelcome : public QObject
 {
     Q_OBJECT
 
+public:
+    explicit TestWelcome(const PrivateScreen& screen) : m_screen(screen) {}
+
+private:
+    const PrivateScreen& m_screen;
+
 private slots:
     void isSeen()
     {
@@ -88,6 +105,7 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
         program.setProcessEnvironment(environment);
+        m_screen.holdWindowsBack(std::chrono::milliseconds(300));
         program.start(QStringLiteral(PELMORA_PROGRAM), {});
         QVERIFY(program.waitForStarted());
 
@@ -114,7 +132,7 @@ int main(int argc, char* argv[])
     if (!screen.isThere())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    TestWelcome test;
+    TestWelcome test(screen);
     return QTest::qExec(&test, argc, argv);
 }
 
