@@ -52,6 +52,8 @@ int main(int argc, char** argv)
     if (argc != 3)
         return 1;
     const std::string_view what = argv[1];
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QFile::decodeName(argv[2]));
     FirstPainting painting;

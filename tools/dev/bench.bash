@@ -30,7 +30,8 @@ log=build/bench/errors.txt
 for program in "${programs[@]}"; do
     say "bench_$program"
     QT_QPA_PLATFORM=offscreen taskset -c 0 "build/bench/bench/bench_$program" --benchmark_filter="$filter" \
-        --benchmark_repetitions=$repetitions --benchmark_report_aggregates_only=true 2>"$log" |
+        --benchmark_repetitions=$repetitions --benchmark_report_aggregates_only=true \
+        --benchmark_min_time=0.2 2>"$log" |
         tee -a "$results" || {
         cat "$log" >&2
         exit 1

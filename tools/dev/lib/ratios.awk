@@ -34,7 +34,7 @@ file == 2 && !/^#/ && NF {
         row(work, shortened(number) " ms", shortened(measured(plain)) " ms",
             sprintf("1/%.1f", ratio), "1/" goal, ratio >= limit ? "yes" : "no")
     } else if (plain == "-" && goal == "-") {
-        row(work, shortened(number) " ms")
+        row(work, shortened(number) (fast ~ /:/ ? " " substr(fast, index(fast, ":") + 1) : " ms"))
     } else if (plain == "-") {
         unit = goal
         sub(/^[0-9.]+/, "", unit)
