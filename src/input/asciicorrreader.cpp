@@ -34,7 +34,7 @@ struct Outline
     double last;
 };
 
-/// Nothing where an end of the line is no number or the line has no entries.
+/// Nothing for a line without entries or whose first or last entry is no number.
 std::optional<Outline> outlineOf(const QString& line)
 {
     const auto entries = linetext::entries(line);

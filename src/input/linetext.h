@@ -7,12 +7,12 @@
 #include <QString>
 #include <QStringView>
 
-/// Lines of a text file as text: what they are and what they hold.
+/// Classifies lines of a text file and takes them apart.
 namespace linetext {
 
 enum Kind : int { Data = 0, Name = 1, Other = 2 };
 
-/// White space of every file and name, whatever a toolkit or locale thinks.
+/// White space in every file and name, independent of toolkit and locale.
 bool isBlank(char16_t code);
 
 QStringView trimmed(QStringView line);
@@ -23,8 +23,8 @@ Kind kindOf(QStringView line);
 QList<QStringView> entries(QStringView line);
 
 /// Zero-based variable index and name of a name line; -1 and an empty name without a readable
-/// number. The name is what stands outside of every "vname" with its number, as far as the first
-/// such place goes; a line without "vname" right before its number is its own name.
+/// number. The name is the first text outside of "vname", its number and the blanks around them; a
+/// line without "vname" right before a number is its own name.
 int parseName(const QString& line, QString& name);
 
 } // namespace linetext

@@ -18,7 +18,7 @@ QString tr(const char* text)
     return QCoreApplication::translate("Loading", text);
 }
 
-/// Who has cancelled knows.
+/// A user who has cancelled needs no message.
 bool refuse(const QString& text)
 {
     if (pelmora::isCancelled())

@@ -9,9 +9,8 @@
 class AsciiData;
 class CorrelationData;
 
-/// Files of input in one step. False after the fault has been reported to the report of
-/// input/readerreport.h, or without a word where the file cannot be opened or the user
-/// cancels.
+/// Load an input file in one step. False after the fault has been reported (see
+/// input/readerreport.h), and without a report where the file cannot be opened or the user cancels.
 bool loadDataMatrix(const QString& path, AsciiData& data);
 /// @param otherLines  receives what the reader set aside, where it is wanted
 bool loadCorrelationMatrix(const QString& path, CorrelationData& correlations,

@@ -11,7 +11,7 @@
 /// no letters there (and end a line of text on the screen): these are shown as in Windows-1252.
 namespace namebytes {
 
-/// The five bytes that Windows-1252 leaves open become U+FFFD.
+/// The five bytes that Windows-1252 leaves undefined become U+FFFD.
 QString toText(const std::string& bytes);
 
 /// The other way round; a character that has no byte becomes "?".

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// Where a range begins, its first line has to be found, and the bytes before it decide whether it
-// counts: those behind a NUL are passed over up to the line feed. So the stream starts further
-// back, where that can be told from, and passes over the lines that begin before the range.
+// Where the first line of a range begins depends on the bytes before it: a NUL hides the rest of
+// its line, up to the line feed. So the stream starts reading further back, at the last line end
+// or, if one follows the last line feed, at a NUL, and skips the lines that begin before the range.
 
 #include "input/rowstream.h"
 
@@ -25,7 +25,7 @@ namespace pelmora {
 
 namespace {
 
-/// What the bytes before a range tell, looked at backwards.
+/// Finds where to start reading, from the bytes before a range, the last ones first.
 class LookBack
 {
 public:
@@ -97,7 +97,7 @@ bool RowStream::open(QFile& file, std::uint64_t& start) const
     file.setFileName(m_fileName);
     if (QFileInfo(m_fileName).isDir() || !file.open(mode))
         return false;
-    // Behind the end of a file there is nothing to look back at.
+    // A range beyond the end of the file starts at its end.
     start = std::min(m_from, static_cast<std::uint64_t>(file.size()));
     if (m_from == 0)
         return true;

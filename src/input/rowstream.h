@@ -17,8 +17,8 @@ class QFile;
 namespace pelmora {
 
 /// The data lines of a file, or of a range of its bytes, handed on block by block in one pass, so
-/// that they need not fit into memory. What is a data line, a number and a fault, and what is told
-/// of it, is as AsciiDataReader has it. Running out of memory throws std::bad_alloc.
+/// that they need not fit into memory. Data lines, numbers, faults and their messages are those of
+/// AsciiDataReader. Running out of memory throws std::bad_alloc.
 class RowStream
 {
 public:
@@ -28,19 +28,19 @@ public:
 
     enum Outcome { Complete, CannotOpen, Refused };
 
-    /// @param fileName  "-" is standard input; other than for the readers it may be a pipe as well
+    /// @param fileName  "-" is standard input; unlike the file of a reader it may be a pipe
     explicit RowStream(const QString& fileName) : m_fileName(fileName) {}
 
     /// Restricts the stream to the lines that begin at the bytes from @p from up to but not
     /// including @p to, wherever they end.
     void setRange(std::uint64_t from, std::uint64_t to = unlimited);
 
-    /// Lines of the same table that were taken before: the stream's have to have as many entries,
-    /// and those of the same file are counted where the number of a line is told.
+    /// Tells of lines of the same table that were read before: the stream's lines must have as many
+    /// entries, and line numbers in messages count on from those of the same file.
     void continueBehind(std::size_t linesOfFile, std::size_t columns);
 
-    /// Reads all. Of a file that cannot be opened nothing is told; of a refused one, what
-    /// AsciiDataReader would tell. Rows were then handed on all the same.
+    /// Reads to the end. A file that cannot be opened is not reported; a refused one is, as by
+    /// AsciiDataReader, after rows before the fault were handed on.
     /// @param rowsPerBlock  rows of every block but the last
     Outcome read(std::size_t rowsPerBlock, const TakeRows& takeRows);
 

@@ -12,7 +12,7 @@
 #include <string>
 
 /// The names of a matrix's variables as bytes (input/namebytes.h says how they read). A variable
-/// without a given name is called by its 1-based number; that is a rule, not a list, since a long
+/// without a given name is called by its 1-based number; such names are not stored, since a long
 /// file may have very many of them.
 class VariableNames
 {

@@ -13,14 +13,14 @@ namespace pelmora {
 
 namespace {
 
-/// The upper triangle, which the decomposition reads, for both.
+/// Of the upper triangle, the one that the decomposition reads.
 double correlation(const Matrix& r, int j, int k)
 {
     return r[std::min(j, k)][std::max(j, k)];
 }
 
-/// The inverse by the eigenpairs, the upper triangle only. The vectors begin as the diagonal of r,
-/// so they are divided by it; where it is 1 nothing happens.
+/// The inverse from the eigenpairs, upper triangle only. jacobi() starts the eigenvectors as the
+/// diagonal of r instead of the identity, so they are divided by it.
 Matrix invert(const Matrix& r, const Decomposition& d)
 {
     const int p = r.rows();
@@ -49,7 +49,7 @@ Vector squaredMultipleCorrelations(const Matrix& q)
     return result;
 }
 
-/// Turns the inverse into the anti-image off its diagonal.
+/// Scales the inverse to the anti-image correlations; its diagonal is left as it is.
 void scaleToAntiImage(Matrix& q)
 {
     for (int j = 0; j < q.rows(); ++j)
@@ -88,7 +88,7 @@ Squares squaresOfRow(const Matrix& r, const Matrix& antiImage, int j)
     return squares;
 }
 
-/// The measures of sampling adequacy of the variables, also onto the diagonal, and of all.
+/// Computes the MSA of every variable, also as the diagonal of the anti-image, and the KMO.
 void measure(const Matrix& r, Adequacy& result)
 {
     result.msa = Vector(r.rows());

@@ -6,8 +6,8 @@
 #include "numerics/factoranalysis.h"
 #include "numerics/obstacle.h"
 
-/// Whether correlations are fit for a factor analysis. R are p x p correlations and D their
-/// decomposition; Q is the inverse of R, by the eigenpairs.
+/// Measures of how suitable correlations are for a factor analysis. R is a p x p correlation
+/// matrix, D its decomposition and Q its inverse, computed from the eigenpairs.
 namespace pelmora {
 
 struct Adequacy

@@ -11,7 +11,7 @@
 
 namespace pelmora {
 
-/// Everything that is told of correlations before factors are taken from them.
+/// All that is reported of a correlation matrix before factors are extracted.
 struct AdequacyResults
 {
     Adequacy measures;

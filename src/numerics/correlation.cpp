@@ -33,7 +33,7 @@ struct RawData
     int cases;
 };
 
-/// Four cases at a time, so that a sum is fetched and put back once for all of them.
+/// Four cases at a time, so that a sum is loaded and stored once for all of them.
 struct SumColumns
 {
     template <typename>

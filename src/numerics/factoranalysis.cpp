@@ -74,7 +74,7 @@ Decomposition decompose(const Matrix& correlations)
     if (isCancelled())
         return {};
     sort_eigenpairs(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n);
-    Matrix loadings = std::move(destroyed); // its storage serves once more
+    Matrix loadings = std::move(destroyed); // reuses the storage
     initial_loadings(result.eigenvalues.data(), result.eigenvectors.rowPointers(), n, n,
                      loadings.rowPointers());
     result.initialLoadings = std::move(loadings);

@@ -6,7 +6,7 @@
 #include "numerics/owners.h"
 #include "numerics/standardisation.h"
 
-/// What a session computes between its input matrix and its factor pages; no page, no widget.
+/// The steps of an analysis, from the input matrix to loadings and scores.
 namespace pelmora {
 
 /// Correlations of raw data and what standardises the data.

@@ -83,7 +83,7 @@ double** matrix(int nrl, int nrh, int ncl, int nch)
     double* elements = allocateElements(rows, columns);
     if (!elements)
         reportError("allocation failure 2 in matrix()");
-    // Each block that fails has its message, the second one too after the first.
+    // Both are tried, so that each failure is reported.
     if (!m || !elements) {
         std::free(elements);
         std::free(m ? m - 1 : nullptr);

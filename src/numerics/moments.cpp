@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// A block's mean is found from deviations that may be rounded (a first case far away), so what the
-// values centred on it still sum up to is taken off the sums of products and added to the mean.
+// The mean of a block is found from deviations from the first case, which are rounded where that
+// case is far away. The values centred on this mean are therefore summed once more: the small rest
+// corrects the sums of products and is added to the mean.
 
 #include "numerics/moments.h"
 
@@ -53,7 +54,8 @@ int halfExponent(double square)
     return (exponent + (exponent & 1)) / 2;
 }
 
-/// Merges @p part, whose products are told by rows, from the diagonal on, into @p whole.
+/// Merges @p part into @p whole; @p rowOf returns a row of the products of @p part, from the
+/// diagonal on.
 template <typename RowOf>
 void mergeInto(Moments& whole, const Moments& part, RowOf rowOf)
 {
@@ -185,7 +187,7 @@ double Moments::correlation(int j, int k) const
     const double firstSquare = productRow(first)[0];
     const double secondSquare = productRow(second)[0];
     const double product = productRow(first)[static_cast<std::size_t>(second - first)];
-    // Even powers of two come off both squares, so that their product has room.
+    // Both squares are divided by even powers of two, so that their product cannot overflow.
     const int a = halfExponent(firstSquare);
     const int b = halfExponent(secondSquare);
     return std::ldexp(product, -a - b) /

@@ -36,7 +36,7 @@ public:
     /// Exactly 1 for j == k and for equal variables; not a number where one is constant.
     double correlation(int j, int k) const;
 
-    /// Sums of products of variable j with itself and those behind it.
+    /// Sums of products of variable j with itself and those after it.
     std::span<double> productRow(int j);
     std::span<const double> productRow(int j) const;
 

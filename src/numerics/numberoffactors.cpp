@@ -23,7 +23,7 @@ public:
 
     bool isNull() const { return m_values.isNull() || m_scale.isNull() || m_vector.isNull(); }
 
-    /// The vectors begin as the diagonal of the correlations, so they are divided by it.
+    /// jacobi() starts the eigenvectors as the diagonal of r, so they are divided by it.
     void removeComponent(const Matrix& r, const Decomposition& d, int m)
     {
         const int p = m_values.rows();
@@ -37,7 +37,7 @@ public:
         }
     }
 
-    /// False where nothing but rounding is left of a variable.
+    /// False where only rounding is left of a variable.
     bool average(double& squares, double& fourthPowers)
     {
         const int p = m_values.rows();

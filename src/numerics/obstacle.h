@@ -21,7 +21,7 @@ enum class Reason {
     TooFewCases
 };
 
-/// What stands in the way of a number, if anything does.
+/// Why a number cannot be computed, if it cannot.
 struct Obstacle
 {
     Reason reason = Reason::None;
@@ -38,7 +38,7 @@ struct Computed
     Value value{};
 };
 
-/// NotNumbers, DiagonalNotOne or TooFewVariables: nothing but eigenvalues can be told of @p r.
+/// NotNumbers, DiagonalNotOne or TooFewVariables: only eigenvalues can be computed of @p r.
 Obstacle obstacleToAnything(const Matrix& r, const Vector& eigenvalues);
 
 /// The same, and NotPositiveDefinite or Singular. Singular is an eigenvalue within 1e-10 of the

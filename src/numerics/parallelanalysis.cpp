@@ -14,7 +14,7 @@ namespace pelmora {
 
 namespace {
 
-/// Between the two nearest of ascending values.
+/// Interpolates linearly between the two nearest of ascending values.
 double quantile(const double* ascending, int count, double share)
 {
     const double place = (count - 1) * share;

@@ -10,7 +10,7 @@
 
 namespace pelmora {
 
-/// What the eigenvalues of correlations between unrelated normal variables are like.
+/// The distribution of the eigenvalues of correlations between independent normal variables.
 struct RandomEigenvalues
 {
     int matrices = 0;

@@ -46,7 +46,7 @@ double RandomNumbers::chiSquare(int degrees)
         if (v <= 0.0)
             continue;
         v = v * v * v;
-        // The logarithm of 0 is minus infinity: taken.
+        // Where uniform() is 0 its logarithm is minus infinity, and the value is accepted.
         if (std::log(uniform()) < x * x / 2.0 + d - d * v + d * std::log(v))
             return 2.0 * d * v;
     }

@@ -70,15 +70,16 @@ void TridiagonalEigenvalues::reduce(Matrix& a)
         const int length = n - i - 1;
         const double norm = std::sqrt(dot(row, row, length));
         m_diagonal[i] = a[i][i];
-        // Where the rank is low, what is left becomes smaller and smaller and would underflow.
+        // With a low rank the remainder shrinks from row to row and would underflow.
         m_beside[i] = norm > negligible ? row[0] : 0.0;
         if (norm > negligible && length > 1)
             reflect(a, i, norm);
     }
 }
 
-/// Reflects what lies behind row i, so that only one element of length @p norm remains beside its
-/// diagonal: A - v w' - w v' with v the normal, w = q - (b v'q / 2) v, q = b A v and b = 2 / v'v.
+/// Reflects the rows and columns after i, so that only one element, of size @p norm, remains beside
+/// the diagonal in row i: A - v w' - w v' with v the normal, w = q - (b v'q / 2) v, q = b A v and
+/// b = 2 / v'v.
 void TridiagonalEigenvalues::reflect(Matrix& a, int i, double norm)
 {
     const int first = i + 1;
@@ -118,7 +119,7 @@ void TridiagonalEigenvalues::iterate()
         }
 }
 
-/// The first place from @p from on without anything beside it.
+/// The first index from @p from on whose element beside the diagonal is negligible.
 int TridiagonalEigenvalues::firstSplit(int from, double tolerance) const
 {
     int place = from;

@@ -46,7 +46,7 @@ inline void addDeviation(double value, double mean, double& square)
     square += (value - mean) * (value - mean);
 }
 
-/// Some cases at a time, so that what is gathered is fetched and put back once for all of them.
+/// Some cases at a time, so that the sums are loaded and stored once for all of them.
 template <int cases>
 void addCases(const double* const* values, int variables, double* totals, double* minima,
               double* maxima)

@@ -13,7 +13,7 @@
 /// numbers in fixed notation rounded by the precision, names in double quotes. R reads them by
 /// read.table(file, header = TRUE, fileEncoding = "latin1").
 
-/// @p name in double quotes; one inside would end it for the reading program and becomes a single.
+/// @p name in double quotes; double quotes inside, which would end it, become single ones.
 std::string quotedName(std::string name);
 
 /// One line per factor: its number, eigenvalue, share of the variance and cumulative share in

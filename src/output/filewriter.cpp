@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Takes a stream's bytes to a device in large pieces. Opens it with the first: a writer that gives
-/// up before leaves a file that is written straight as it was, too.
+/// Passes a stream's bytes to a device in large pieces. Opens it with the first: a file that is
+/// written directly, too, stays as it was when the writer gives up before.
 class DeviceBuffer : public std::streambuf
 {
 public:
@@ -39,8 +39,8 @@ protected:
     {
         if (!m_device.isOpen() && !m_device.open(m_mode))
             return -1;
-        // The device takes fewer bytes than it is given where its room ends, and tells why only
-        // when it is asked to take the rest.
+        // A full device takes fewer bytes than it is given and gives its reason only when it is
+        // given the rest.
         for (const char* next = pbase(); next < pptr();) {
             const qint64 taken = m_device.write(next, pptr() - next);
             if (taken <= 0)
@@ -57,8 +57,8 @@ private:
     std::array<char, 1 << 16> m_bytes;
 };
 
-/// Whether another file may take the place of @p path. What a process has open stands below /proc,
-/// its standard output for instance, and would stay with the old file.
+/// Whether another file may take the place of @p path. Not below /proc, where links lead to what a
+/// process has open, such as its standard output: it would keep the old file.
 bool isReplaceable(const QString& path)
 {
     constexpr int longestChain = 40;
@@ -70,14 +70,14 @@ bool isReplaceable(const QString& path)
             break;
         file.setFile(file.symLinkTarget());
     }
-    // The name of the second file is longer by seven characters.
+    // The name of the temporary file is longer by seven characters.
     constexpr int longestName = 255 - 7;
     return (!file.exists() || file.isFile()) &&
            QFile::encodeName(file.fileName()).size() <= longestName;
 }
 
-/// Opens an existing file without a change to it: not everybody who may replace a file may write to
-/// it, and the system's own words for that are wanted.
+/// Opens an existing file without changing it: not everybody who may replace a file may write to
+/// it, and this way the reason comes from the system.
 bool isWritable(QFile& file)
 {
     const bool opened = file.open(QIODevice::Append | QIODevice::ExistingOnly);
@@ -132,7 +132,7 @@ writeFile(const QString& path, const std::function<void(std::ostream&)>& write, 
         second.cancelWriting();
         return failure;
     }
-    // A full disk is often met only now.
+    // A full disk is often reported only now.
     if (replaces)
         second.commit();
     else

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// What a table of loadings says at its edges.
+/// The sums in the margins of a table of loadings.
 struct LoadingSums
 {
     std::vector<double> communalities;     ///< per variable: the sum of its squared loadings

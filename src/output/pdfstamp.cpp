@@ -21,7 +21,7 @@ void replaceTime(QByteArray& pdf, const QByteArray& key, const QByteArray& time)
         pdf.replace(begin, end - begin, stamp.leftJustified(end - begin));
 }
 
-/// The metadata hold the times once more.
+/// The metadata repeat the times.
 void replaceMetadataTime(QByteArray& pdf, const QByteArray& key, const QByteArray& time)
 {
     const auto at = pdf.indexOf(key);

@@ -6,7 +6,7 @@
 class QByteArray;
 class QDateTime;
 
-/// Puts other times in place of the run's, with which the toolkit stamps a PDF file, and zeros in
-/// place of the random identifier that its newer versions give it. All in as many bytes, so that
-/// the file's table of positions stays true.
+/// Replaces the times of creation in a PDF file of the toolkit by @p created, and the random
+/// identifiers of its newer versions by zeros. The number of bytes stays, so that the
+/// cross-reference table of the file stays valid.
 void stampPdf(QByteArray& pdf, const QDateTime& created);

@@ -52,14 +52,14 @@ QString latexCharacter(QChar c, QChar previous)
         return QStringLiteral("\\textbar{}");
     case u'"':
         return QStringLiteral("{\\char34}");
-    // At the begin of a row these two would belong to the end of the row before.
+    // At the start of a row these two would be taken for arguments of the row end before it.
     case u'[':
     case u'*':
         return u'{' + QString(c) + u'}';
     case u'-':
     case u'\'':
     case u'`':
-        // Two of them are another character.
+        // Two of them are a ligature for another character.
         return previous == c ? QStringLiteral("{}") + c : QString(c);
     case QChar::Nbsp:
         return QStringLiteral("~");
@@ -141,7 +141,7 @@ QString markdownText(const QString& text)
     QString escaped;
     QChar previous;
     for (const QChar c : text) {
-        // Two points or hyphens would become typographers' ones; one alone is left readable.
+        // Two points or hyphens would become an ellipsis or a dash; a single one needs no escape.
         const bool doubled = c == previous && (c == u'-' || c == u'.');
         if (doubled || QStringLiteral("\\|`*_[]<>&$~^@#'\"").contains(c))
             escaped += u'\\';

@@ -20,7 +20,7 @@ const auto lastCorrelationExportKey = QStringLiteral("Export/LastCorrExportLocat
 
 constexpr int defaultPrecision = 2;
 
-/// In place of the store.
+/// Where set, used instead of the store.
 std::optional<unsigned> decimalsInstead;
 
 QVariant value(const QString& key, const QVariant& absent = QVariant())

@@ -10,7 +10,7 @@
 namespace settings {
 
 /// From now on nothing is read from the store: numbers have so many decimals, and everything else
-/// is as if nothing had been stored. For programs that are to give everybody the same.
+/// has its default. For programs whose output must not depend on the user.
 void ignoreStore(unsigned decimals);
 
 /// Decimals that numbers are shown and written with: the stored value, 9 where it is larger or

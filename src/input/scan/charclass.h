@@ -8,7 +8,7 @@
 
 namespace pelmora {
 
-/// White space of every file and name: 09-0D, 20 and A0, whatever a toolkit or locale thinks.
+/// White space in every file and name: 09-0D, 20 and A0, independent of toolkit and locale.
 constexpr bool isBlank(char16_t code)
 {
     return (code >= 0x09 && code <= 0x0D) || code == 0x20 || code == 0xA0;

@@ -9,7 +9,7 @@ namespace pelmora {
 
 struct LineFault;
 
-/// What all who read a file tell of its faults, through the report of input/readerreport.h.
+/// Report the faults of a file in the same words for all readers (see input/readerreport.h).
 void reportReadError(const QString& fileName);
 void reportLineFault(const LineFault& fault);
 

@@ -41,8 +41,8 @@ void LineBuffer::findRun(std::size_t searched)
         m_run = searched + lineEnd + 1;
 }
 
-/// What follows a NUL up to the line feed counts for nothing; a file full of it must not fill the
-/// memory.
+/// Bytes after a NUL are ignored up to the line feed, so they need not be kept: a file without line
+/// feeds must not fill the memory.
 void LineBuffer::cutBehind(std::size_t nul)
 {
     m_cutPosition = nul + 1;
@@ -73,7 +73,7 @@ bool LineBuffer::readMore()
         m_failed = true;
         return false;
     }
-    // Memory that a long line took is not filled with what follows it.
+    // After a long line the buffer is larger than a chunk; what is read stays chunk-sized.
     const std::size_t room = std::min(m_capacity - m_size, m_chunkSize);
     const qint64 count = m_file.read(m_bytes.get() + m_size, static_cast<qint64>(room));
     m_failed = count < 0;

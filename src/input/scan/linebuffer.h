@@ -31,7 +31,7 @@ public:
     /// Goes to the next run; false at the end of the file and after a fault.
     bool next();
 
-    /// The run; NUL bytes stand behind one without line end.
+    /// The run; NUL bytes follow one without line end.
     const char* begin() const { return m_bytes.get(); }
     const char* end() const { return m_bytes.get() + m_run; }
 

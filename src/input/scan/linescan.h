@@ -9,7 +9,7 @@
 
 namespace pelmora {
 
-/// Where a line goes on: its bytes from the first NUL up to the line feed count for nothing.
+/// The start of the next line after a NUL: the rest of its line, up to the line feed, is ignored.
 inline const char* behindLineFeed(const char* p, const char* end)
 {
     const auto* lineFeed =
@@ -18,7 +18,7 @@ inline const char* behindLineFeed(const char* p, const char* end)
 }
 
 /// Calls @p takePiece with the start of every piece of text between line ends. It returns the end
-/// of the piece: the CR, LF or NUL behind it. Empty pieces vanish.
+/// of the piece: the CR, LF or NUL behind it. Empty pieces are skipped.
 /// @param p    start of a run of whole lines
 /// @param end  end of the run; NUL bytes follow where the last line has no line feed
 template <typename TakePiece>

@@ -14,7 +14,7 @@ struct Free
     void operator()(void* block) const { std::free(block); }
 };
 
-/// A block that can be enlarged where it lies, which a vector cannot.
+/// A block that can be enlarged in place, unlike a vector.
 template <typename T>
 using MallocBlock = std::unique_ptr<T[], Free>;
 

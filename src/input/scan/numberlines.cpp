@@ -189,7 +189,7 @@ Matrix NumberLines::takeMatrix()
 {
     if (!isComplete() || m_lines > INT_MAX || m_columns > INT_MAX)
         return {};
-    // The reserve is returned.
+    // Gives back the reserved rest.
     resize(m_size);
     const int rows = static_cast<int>(m_lines);
     const int columns = static_cast<int>(m_columns);

@@ -23,10 +23,9 @@ struct LineFault
     QString text;          ///< the entry that is no number
 };
 
-/// The numbers of a file's data lines. Each is converted once, in the visit that also finds out
-/// what kind of line it stands in, and goes straight to its place in the element block of the
-/// matrix to be: a copy of the text or of the numbers would cost more time than the conversion
-/// does.
+/// The numbers of a file's data lines. Each is converted once, in the pass that also classifies its
+/// line, and goes straight to its place in the element block of the future matrix: a copy of the
+/// text or of the numbers would cost more time than the conversion.
 class NumberLines
 {
 public:
@@ -34,8 +33,8 @@ public:
     /// when the first line has shown how many they may be.
     void expectText(std::size_t size) { m_textSize = size; }
 
-    /// Takes up where other lines of the same table ended: they count, and the line below must have
-    /// as many entries as they had.
+    /// Continues a table after @p lines lines of @p columns entries: they are counted, and the
+    /// lines that follow must have as many entries.
     void continueBehind(std::size_t lines, std::size_t columns);
 
     /// Takes the line at @p p apart and returns its end: the CR, LF or NUL behind it.
