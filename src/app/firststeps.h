@@ -7,5 +7,6 @@ class QAction;
 class QLabel;
 class QWidget;
 
-/// What to do first, in quiet letters, with the keys of the two actions that read a file.
+/// A label, in the colour of placeholders, that says how to begin. It names the shortcuts of the
+/// two actions that read a file.
 QLabel* makeFirstSteps(QWidget* parent, const QAction& readData, const QAction& readCorrelations);

@@ -30,10 +30,10 @@ public:
     /// Opens the folder of the input file where the user wants that.
     ~PelmoraSession() override;
 
-    /// The session will open no folder: nobody has seen it.
+    /// Keeps the destructor from opening the folder, for a session that was never shown.
     void leaveFolderClosed() { m_opensFolder = false; }
 
-    /// Shows the session's pages in @p pages. Either of the two may go first.
+    /// Shows the session's pages in @p pages. Either of the two may be deleted first.
     void attachTabWidget(SessionTabWidget* pages);
 
     /// Reads a raw data file; every fault has been shown when false is returned.
@@ -69,7 +69,7 @@ public:
     const pelmora::Decomposition& decomposition() const override { return m_decomposition; }
 
 signals:
-    /// Pages of factors have come, with these titles.
+    /// Factor pages were added, with these titles.
     void pagesAdded(const QStringList& titles);
 
 public slots:

@@ -3,7 +3,7 @@
 
 #pragma once
 
-/// Who and what the program is. Its name and version are those of the project, in CMakeLists.txt.
+/// The identity of the program. Name and version are those of the project, in CMakeLists.txt.
 namespace product {
 
 inline constexpr char name[] = PELMORA_NAME;

@@ -27,7 +27,7 @@ SessionTabWidget::SessionTabWidget(QWidget* parent) : QTabWidget(parent)
 int SessionTabWidget::addPage(QWidget* page, const QString& title, bool closable, int place)
 {
     const int index = insertTab(place, page, title);
-    // Shrinking keeps the button in its place in the tab bar's book-keeping.
+    // Shrunk, not removed: the tab bar still has a button for this tab.
     if (QWidget* button = closable ? nullptr : closeButton(tabBar(), index))
         button->resize(0, 0);
     return index;

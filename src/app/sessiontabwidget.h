@@ -5,8 +5,8 @@
 
 #include <QTabWidget>
 
-/// The pages of one analysis session. The usual key for closing closes the page in front where its
-/// button would.
+/// The pages of one analysis session. The platform's shortcut for closing closes the current page
+/// if that has a close button.
 class SessionTabWidget : public QTabWidget
 {
     Q_OBJECT

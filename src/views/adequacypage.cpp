@@ -16,7 +16,7 @@ namespace {
 
 enum Column { Msa, SquaredMultipleCorrelation, Note, ColumnCount };
 
-/// One row per variable; the last column holds what the note goes by.
+/// One row per variable; the last column holds the number that the note is made from.
 pelmora::Matrix tableOf(const pelmora::Adequacy& adequacy, int variables)
 {
     pelmora::Matrix values(variables, ColumnCount);

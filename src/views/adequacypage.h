@@ -16,7 +16,8 @@ namespace Ui {
 class AdequacyPage;
 }
 
-/// Whether the correlations are fit for factors: measures of all variables and of each.
+/// Measures of how suitable the correlations are for a factor analysis, of all variables and of
+/// each.
 class AdequacyPage : public QWidget
 {
     Q_OBJECT

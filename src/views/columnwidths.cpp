@@ -34,7 +34,7 @@ struct Candidates
     double minimum = std::numeric_limits<double>::infinity();
     double maximum = -std::numeric_limits<double>::infinity();
 
-    /// Few values of a long column lie outside of what was seen before.
+    /// Most values lie within the range seen so far; only the others need a closer look.
     void look(double x, int row)
     {
         if (!(x >= minimum && x <= maximum))

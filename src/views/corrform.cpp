@@ -20,7 +20,7 @@
 
 namespace {
 
-/// The choice of the page that was asked last, for the pages made after it.
+/// What the user chose last on any page; pages made later start with it.
 bool& lastShading()
 {
     static bool shading = true;

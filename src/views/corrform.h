@@ -22,8 +22,8 @@ namespace Ui {
 class CorrForm;
 }
 
-/// The "Correlations" page: the matrix, names, and the export as "*.cor"; whether the correlations
-/// are fit for factors, and of how many. The latter two are computed when they are first looked at.
+/// The "Correlations" page: the matrix, names, and the export as "*.cor"; measures of adequacy and
+/// rules for the number of factors, which are computed when their tab is first shown.
 class CorrForm : public QWidget
 {
     Q_OBJECT

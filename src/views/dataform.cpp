@@ -113,7 +113,8 @@ void DataForm::showVariables()
     showRowWiseMeans();
 }
 
-/// On purpose the divisor is not the number of cases; who does not know would trust the results.
+/// The divisor of row-wise means is not the number of cases, on purpose; users have to know that to
+/// judge the correlations.
 void DataForm::showRowWiseMeans()
 {
     m_ui->labelRowWise->setText(

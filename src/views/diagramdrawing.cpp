@@ -67,7 +67,7 @@ private:
             down(cell(0, column).right() + 1);
     }
 
-    /// The lines of @p label, one under the other, in the middle of the height of @p room.
+    /// The lines of @p label, one under the other, centred vertically in @p room.
     void drawLabel(DiagramDrawing::Texts& texts, const QString& label, const QRect& room)
     {
         const QFontMetrics metrics(texts.font);
@@ -146,7 +146,7 @@ private:
         return found != all.end() ? *found : all.emplace_back(DiagramDrawing::Circles{fill, {}});
     }
 
-    /// Makes the drawing higher, and wider where it is very narrow.
+    /// Adds the notes at the foot: the drawing becomes higher, and wider where it is very narrow.
     void drawNotes()
     {
         DiagramDrawing::Texts below{.font = m_view.font(), .centred = false, .texts = {}};

@@ -31,7 +31,7 @@ struct DiagramDrawing
     struct Texts
     {
         QFont font;
-        bool centred = true;  ///< keeps its middle whatever font a reader puts in; else its begin
+        bool centred = true;  ///< keeps its centre in another font; else its start
         bool upright = false; ///< reads from bottom to top
         std::vector<Text> texts;
     };

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Room between the circle's box and the text on top of the offset, and of the text above and
-/// below.
+/// Gap between the circle's box and the text, added to the offset, and the margin of the text above
+/// and below.
 constexpr double textGap = 4.0;
 constexpr int textMargin = 4;
 

@@ -37,8 +37,7 @@ public:
     void accept() override;
 
 private:
-    /// Takes names from the clipboard, as a column of a spreadsheet leaves them there, one in a
-    /// line, from the current row on.
+    /// Pastes names from the current row on, one per line, as a column copied from a spreadsheet.
     void pasteNames();
 
     std::unique_ptr<Ui::DialogVarNames> m_ui;

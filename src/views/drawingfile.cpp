@@ -24,7 +24,7 @@ constexpr double longestPage = 200.0 * pointsPerInch;
 const QColor ruleColour(210, 210, 210);
 /// A rule fills one row or column of pixels, whose middle it goes through.
 constexpr double halfPixel = 0.5;
-/// Of a dot, which is nearly all outline.
+/// Of the dot for a loading of 0, which is nearly all outline.
 constexpr double leastRadius = 0.25;
 
 double radiusOf(const QRect& square)
@@ -37,7 +37,7 @@ QPointF centreOf(const QRect& square)
     return QPointF(square.topLeft()) + QPointF(square.width(), square.height()) / 2.0;
 }
 
-/// The place in axes turned by 270 degrees, in which upright texts lie flat.
+/// The place in coordinates rotated by 270 degrees, in which upright texts are horizontal.
 QPointF turned(QPoint place)
 {
     return QPointF(-place.y(), place.x());
@@ -46,7 +46,7 @@ QPointF turned(QPoint place)
 void paintTexts(QPainter& painter, const DiagramDrawing::Texts& texts)
 {
     painter.save();
-    // The shapes as they were designed, not bent for pixels.
+    // Hinting fits outlines to pixels, and the file has none.
     QFont font = texts.font;
     font.setHintingPreference(QFont::PreferNoHinting);
     painter.setFont(font);
@@ -77,7 +77,7 @@ QString fontFamilies(const QFont& font)
     return QStringLiteral("'%1', Helvetica, Arial, sans-serif").arg(QFontInfo(font).family());
 }
 
-/// Control characters are not allowed, in no form.
+/// XML 1.0 allows no control characters, not even escaped.
 QString allowedText(QString text)
 {
     for (QChar& c : text)

@@ -9,10 +9,10 @@
 class QDateTime;
 struct DiagramDrawing;
 
-/// Files of drawings: vectors and texts that can be selected, no bitmap.
+/// Formats of drawings: vector graphics with text that can be selected.
 enum class DrawingFormat { Pdf, Svg };
 
-/// What a file is to be: its suffix decides, else the filter of the dialog, else it is PDF.
+/// The format of a file: by its suffix, else by the filter of the dialog, else PDF.
 DrawingFormat drawingFormat(const QString& path, const QString& filter);
 
 /// One page as large as @p drawing, with the fonts that it needs. More than 200 inches (a bound of

@@ -39,7 +39,7 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
     m_ui->labelUnmoved->hide();
     m_ui->scoresTable->setModel(m_scoresModel);
     m_ui->tableFactors->setVerticalHeader(new NameHeader(Qt::Vertical, m_ui->tableFactors));
-    // The header leaves room for the circles.
+    // Long names must leave room for the circles.
     m_ui->tableFactors->verticalHeader()->setMaximumWidth(widestName(this));
     addDiagramActions();
     installTableCopy(m_ui->scoresTable);

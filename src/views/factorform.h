@@ -38,7 +38,7 @@ public:
 
     /// Gives the page the title and the file extensions of @p kind.
     void setKind(FactorKind kind);
-    /// Tells whether a rotation has changed nothing, since three equal pages look like a fault.
+    /// Shows a note when the rotation changed nothing: equal pages would look like a fault.
     void setUnmoved(bool unmoved);
 
     /// Adds a page to "Minimal pairs" under "Focal factor No. %1".

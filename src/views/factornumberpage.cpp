@@ -117,7 +117,7 @@ void FactorNumberPage::on_pushButtonParallel_clicked()
     const QPointer<FactorNumberPage> self(this);
     auto random =
         pelmora::parallelAnalysis(m_correlations->rows(), cases(), m_ui->spinBoxRandom->value());
-    // Page and session may have gone while the user watched the progress.
+    // Page and session may have been deleted while the progress was shown.
     if (!self || !isComputed() || !random)
         return;
     m_random = std::move(random);
@@ -142,7 +142,7 @@ void FactorNumberPage::showResults()
                                 points(m_kaiser.value.references)});
 }
 
-/// Row 0 is what no factor at all leaves.
+/// Row m belongs to m factors, row 0 to none.
 void FactorNumberPage::showTable()
 {
     pelmora::Matrix values(m_correlations->rows() + 1, Columns);

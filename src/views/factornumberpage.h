@@ -17,7 +17,7 @@ namespace Ui {
 class FactorNumberPage;
 }
 
-/// What several rules say of the number of factors: lines, the scree plot and a table.
+/// The number of factors by several rules: lines, the scree plot and a table.
 class FactorNumberPage : public QWidget
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     explicit FactorNumberPage(QWidget* parent = nullptr);
     ~FactorNumberPage() override;
 
-    /// How many cases the correlations come from. @param cases  0: the user may tell
+    /// How many cases the correlations come from. @param cases  0: unknown, the user may enter it
     void setCases(int cases);
     int cases() const;
 
@@ -34,7 +34,7 @@ public:
     /// live until clear().
     void compute(const pelmora::Matrix& correlations, const pelmora::Decomposition& decomposition);
     bool isComputed() const { return m_correlations != nullptr; }
-    /// Lets go of the correlations and shows an empty table.
+    /// Drops the correlations and shows an empty table.
     void clear();
 
 signals:

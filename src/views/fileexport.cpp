@@ -23,7 +23,8 @@ QString tr(const char* text)
     return QCoreApplication::translate("FileExport", text);
 }
 
-/// Page and session of an export. Either may go while a dialog stands, and the dialog with it.
+/// Page and session of an export. Either may be deleted while a dialog is open, and the dialog with
+/// it.
 class Surroundings
 {
 public:

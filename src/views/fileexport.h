@@ -22,7 +22,7 @@ struct FileExport
     QString failureTitle;      ///< title of the box that shows a failure while writing
     /// Text of that box for a file that refuses bytes; empty: path and reason.
     QString badStreamText = {};
-    /// What becomes of the session's input file if this takes its place, as a sentence.
+    /// What is lost when this replaces the session's input file, as a sentence.
     QString inPlaceOfInput;
     bool isBinary = false; ///< otherwise line ends become the platform's
 };
@@ -30,20 +30,20 @@ struct FileExport
 /// The sentence for a file of numbers with so many decimals.
 QString decimalsInPlaceOfInput(unsigned decimals);
 
-/// Runs @p fileExport with @p page under its dialogs. A cancelled dialog ends it silently, and so
-/// does the end of the page or the session while a dialog stands. Asks once more before it replaces
-/// the session's input. A failure leaves what stood in the file.
-/// @param session  null when it ended before
+/// Runs @p fileExport; @p page is the parent of its dialogs. It ends silently when a dialog is
+/// cancelled, or the page or the session is deleted while one is open. Asks before it replaces the
+/// session's input. After a failure the file is as it was before.
+/// @param session  null when it has been deleted
 /// @param write  writes bytes, text as Latin-1; see writeFile()
 /// @return the path of the file that has been written, else an empty one
 QString runExport(QWidget* page, SessionFace* session, const FileExport& fileExport,
                   const std::function<void(std::ostream&)>& write);
 
-/// What a save dialog ended with.
+/// What the user chose in a save dialog.
 struct ChosenFile
 {
     QString path;
-    QString filter; ///< that stood in the dialog
+    QString filter; ///< the one selected in the dialog
 };
 
 /// The same for files whose form depends on what was chosen.

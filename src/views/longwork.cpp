@@ -16,7 +16,7 @@ namespace {
 using pelmora::Progress;
 using std::chrono::milliseconds;
 
-/// Twenty answers a second.
+/// Between two updates of the dialog.
 constexpr milliseconds betweenAnswers{50};
 constexpr int barSteps = 1000;
 
@@ -65,7 +65,7 @@ bool LongWork::report(const Progress& progress)
     return running->show(progress);
 }
 
-/// Events are looked at only under the dialog, which keeps those for other windows away.
+/// Events are processed only while the modal dialog is shown, which blocks input to other windows.
 bool LongWork::show(const Progress& progress)
 {
     if (m_sinceStart.elapsed() < patience().count())

@@ -15,10 +15,10 @@
 class QProgressDialog;
 class QWidget;
 
-/// Work on the one thread that may take long. While it lives the wait cursor is shown, and what the
-/// numerics, readers and drawings tell of their progress comes here: work that lasts longer than
-/// patience() gets a modal dialog, so that nothing else can be done meanwhile, whose "Cancel" makes
-/// them give up. Such work inside of such work changes nothing.
+/// Work on the one thread that may take long. While it lives the wait cursor is shown, and the
+/// numerics, readers and drawings report their progress here: work that lasts longer than
+/// patience() gets a modal dialog, so that nothing else can be done meanwhile, and its "Cancel"
+/// makes them give up. An instance within another one does nothing.
 class LongWork
 {
 public:
@@ -35,8 +35,8 @@ public:
     /// Whether the user has cancelled it.
     static bool isCancelled() { return pelmora::isCancelled(); }
 
-    /// How long work may last before the dialog appears; it then answers as often, but at least
-    /// twenty times a second.
+    /// How long work may last before the dialog appears, which is then updated at this interval,
+    /// but at least twenty times a second.
     static std::chrono::milliseconds& patience();
 
 private:

@@ -16,7 +16,7 @@ NameHeader::NameHeader(Qt::Orientation orientation, QWidget* parent)
     : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
-    // Bold labels would be wider than what was made to fit.
+    // Bold labels would be wider than the sections that were fitted to them.
     setHighlightSections(false);
 }
 
@@ -24,7 +24,7 @@ void NameHeader::setTurned(bool turned)
 {
     m_turned = turned;
     if (count() > 0)
-        headerDataChanged(orientation(), 0, count() - 1); // the size is another one
+        headerDataChanged(orientation(), 0, count() - 1); // its size changes
 }
 
 bool NameHeader::hasRoomForLevelLabels() const

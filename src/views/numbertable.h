@@ -13,7 +13,7 @@
 class QSplitter;
 class QTableView;
 
-/// What a cell with a rounded text gives its number under.
+/// The role of the unrounded number of a cell.
 inline constexpr int exactNumberRole = Qt::UserRole;
 
 /// Shows a matrix as numbers without an item per cell: texts are made when a cell is looked at,
@@ -85,5 +85,5 @@ void fitColumnWidths(QTableView* view, const NumberTableModel& model);
 /// keeps the rest, or @p others times that width where the rest is less.
 void showWhole(QTableView* view, QSplitter* splitter, double others);
 
-/// Makes all rows as low as the first one's contents allow.
+/// Gives all rows the smallest height that fits the first.
 void setLowRows(QTableView* view);

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Where a variable belongs; smaller comes first.
+/// The sort key of a variable; smaller comes first.
 struct Rank
 {
     int group;
@@ -33,7 +33,7 @@ Rank rankOf(const factorModel& model, int variable, int factor)
 {
     const auto loading = [&](int of) { return std::abs(model.value(variable + 1, of + 1)); };
     const int factors = model.numberOfFactors();
-    // The factor asked for wins among equals.
+    // Ties go to the factor asked for.
     int largest = factor;
     for (int of = 0; of < factors; ++of)
         if (std::isnan(loading(largest)) || loading(of) > loading(largest))
@@ -57,7 +57,7 @@ void moveRows(QTableView* view, const std::vector<int>& rows)
     view->scrollToTop();
 }
 
-/// The two actions, and an ear for where the menu is opened.
+/// The two actions, and the event filter that notes over which column the menu is opened.
 class RowOrder : public QObject
 {
 public:
@@ -71,7 +71,8 @@ public:
         connect(m_byFactor, &QAction::triggered, this, &RowOrder::orderByFactor);
         connect(m_original, &QAction::triggered, this, &RowOrder::restore);
         view->addActions({m_byFactor, m_original});
-        // Over the cells the menu is asked of the viewport, over a header or by a key of the view.
+        // The event of the menu goes to the viewport over the cells, to the view over a header or
+        // by a key.
         view->installEventFilter(this);
         view->viewport()->installEventFilter(this);
     }

@@ -8,7 +8,7 @@
 class QTableView;
 class factorModel;
 
-/// The variables (0-based) as a reader of @p factor (0-based) wants them: first those whose largest
+/// The variables (0-based) in the order for reading @p factor (0-based): first those whose largest
 /// absolute loading is on it, in descending order, then those of every other factor likewise. Equal
 /// ones keep their order; variables that have no number come last.
 std::vector<int> variablesByFactor(const factorModel& model, int factor);

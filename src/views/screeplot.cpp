@@ -18,7 +18,7 @@
 
 namespace {
 
-/// 1, 2 or 5 times a power of ten, so that some five steps reach @p range.
+/// 1, 2 or 5 times a power of ten, so that about five steps cover @p range.
 double roundStep(double range)
 {
     const double rough = range / 5.0;
@@ -41,7 +41,7 @@ std::pair<double, double> extremes(const ScreeCurves& curves)
                 lowest = std::min(lowest, value);
                 highest = std::max(highest, value);
             }
-    // Eigenvalues that ought to be 0 may be a little below.
+    // Rounding may leave eigenvalues of 0 slightly negative.
     return {lowest < -0.01 * highest ? lowest : 0.0, highest};
 }
 
@@ -157,7 +157,7 @@ void ScreePlot::paintEvent(QPaintEvent*)
     const QFontMetricsF metrics(font());
     const double line = metrics.height();
     const QRectF whole = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
-    // Everything that stands left of the axis has this width at most.
+    // The labels left of the axis are at most this wide.
     double labels = 0.0;
     for (const double value : ScreeScale(m_curves, whole).valueTicks())
         labels = std::max(labels, metrics.horizontalAdvance(QString::number(value)));

@@ -15,11 +15,11 @@ struct ScreeCurves
     QVector<double> kaiserReference; ///< empty: none
 };
 
-/// Where a scree plot puts its values.
+/// Maps the values of a scree plot to pixels.
 class ScreeScale
 {
 public:
-    /// @param area  the field of the plot, in which the axes stand left and below
+    /// @param area  the plot without its labels; the axes are its left and its lower edge
     ScreeScale(const ScreeCurves& curves, const QRectF& area);
 
     /// @param place  0 is the first eigenvalue

@@ -7,11 +7,12 @@
 
 class NumberTableModel;
 
-/// The ground of a value between -1 and 1: the palette's base at 0, half-way to its highlight at 1
-/// and beyond. Text of the palette stays readable on it. A value that is no number gets the base.
+/// The background of a value between -1 and 1: the palette's base at 0, half-way to its highlight
+/// at 1 and beyond. Text of the palette stays readable on it. A value that is no number gets the
+/// base.
 QColor shadeOf(double value, const QPalette& palette);
 
-/// Paints the numbers of a NumberTableModel on grounds that grow stronger with their size.
+/// Paints the numbers of a NumberTableModel on backgrounds whose strength is their absolute value.
 class ShadeDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

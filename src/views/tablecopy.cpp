@@ -88,8 +88,8 @@ QString shownText(const QModelIndex& index, unsigned decimals)
                                                  : onOneLine(shown.toString());
 }
 
-/// A press of the right button ends here: it would select the cell below, and the menu that comes
-/// with it is for what was selected before.
+/// Stops presses of the right button: they would select the cell below, but the menu is for the
+/// selection before.
 class RightButtonFilter : public QObject
 {
 public:
@@ -134,7 +134,8 @@ QAction* addCopy(QAbstractItemView* view, const QString& title, void (*put)(cons
 
 void installTableCopy(QAbstractItemView* view)
 {
-    // Text alone: a spreadsheet prefers a table in HTML and reads its numbers by its own language.
+    // Text alone: a spreadsheet would prefer a table in HTML and read its numbers in its own
+    // locale.
     QAction* copy = addCopy(view, tr("Copy"), putText<tabSeparatedTable>);
     // Not Ctrl+C: that begins the two-key shortcuts of the menus, which must work in a table too.
     copy->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Insert));

@@ -122,7 +122,7 @@ QSize zarnelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
     index.data().toDouble(&isNumber);
     if (!model || !isNumber)
         return QStyledItemDelegate::sizeHint(option, index);
-    // Summaries take their room from the headers and from the other cells.
+    // The headers and the other cells leave enough room for summaries.
     if (index.row() == 0 || index.column() == 0)
         return {1, 1};
     return m_geometry.cellSize(model->rowMaximum(index.row() - 1),

@@ -11,13 +11,13 @@
 
 class factorModel;
 
-/// What stands for one loading in the diagram. Lengths are pixels.
+/// How one loading is shown in the diagram. Lengths are pixels.
 struct LoadingMark
 {
     QString text;
     int textWidth;
     QPoint textOrigin; ///< where the baseline begins, before it is turned by 270 degrees
-    bool hasCircle;    ///< a value that is not finite has no size: its text alone stands for it
+    bool hasCircle;    ///< a value that is not finite has no size: only its text is shown
     QRect circle;      ///< square around it; empty: a dot
     QColor fill;
 };
