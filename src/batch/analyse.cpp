@@ -114,7 +114,7 @@ private:
             tell(analysis.file, summary(analysis));
     }
 
-    /// People wait; scripts do not look.
+    /// Only on a terminal, where somebody may be waiting.
     void showProgress(const QString& file)
     {
         ++m_started;

@@ -206,7 +206,7 @@ private:
             refuse(value);
     }
 
-    /// What the options say together.
+    /// Completes the options and checks them against each other.
     void finish()
     {
         if (m_drawsDiagrams)

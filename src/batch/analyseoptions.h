@@ -60,7 +60,7 @@ struct AnalyseOptions
     bool wantsAdequacy() const { return writes(AdequacyFile) || !report.isEmpty(); }
     bool wantsDiagrams() const { return writes(DiagramFiles) || !report.isEmpty(); }
     unsigned filePrecision() const { return precision.value_or(9); }
-    /// Of what is read by people; nine decimals everywhere would be in their way.
+    /// Of diagrams and reports, where nine decimals would be hard to read.
     unsigned shownPrecision() const { return precision.value_or(2); }
 };
 

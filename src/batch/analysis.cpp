@@ -48,7 +48,7 @@ bool allFinite(const pelmora::Matrix& matrix)
     return true;
 }
 
-/// One analysis on its way; each step says whether the next one may come.
+/// The steps of one analysis; each returns whether to go on.
 class Analyser
 {
 public:
@@ -114,7 +114,7 @@ private:
 
     bool refusedToOpen()
     {
-        // The one fault that readers are silent about.
+        // The one fault that readers do not report.
         if (m_messages.all().isEmpty())
             m_messages.warn(tr("Error opening file"),
                             tr("Cannot open file %1").arg(m_analysis.file));
@@ -147,7 +147,7 @@ private:
                           .arg(m_analysis.variables()));
     }
 
-    /// Beyond a billion or two nothing depends on their number any more.
+    /// Capped: beyond two thousand million cases no measure changes noticeably.
     int casesForAdequacy() const
     {
         constexpr int most = std::numeric_limits<int>::max();

@@ -12,7 +12,7 @@
 #include <iosfwd>
 #include <string_view>
 
-/// What all commands share: how they end and how they speak.
+/// What all commands share: exit codes, messages and output.
 namespace batch {
 
 QString tr(const char* text);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The commands on the road from data that need not fit into memory to a correlation file. What
-// "correlate" does in one go is "sums" of every file and then "merge", to the last bit.
+// The commands that make a correlation file of data that need not fit into memory. "correlate"
+// gives the same bits as "sums" of every file and then "merge".
 
 #include "batch/arguments.h"
 #include "batch/commands.h"
@@ -31,7 +31,7 @@ QString nameOfTable(const QStringList& files, const QString& output)
     return files.size() == 1 ? files.first() : output;
 }
 
-/// What speaks against files and output of a command; empty: nothing.
+/// What is wrong with the files and the output of a command; empty: nothing.
 /// @param endings  that the output may have; none: any
 QString faultOf(const Arguments& arguments, const QStringList& endings)
 {

@@ -12,8 +12,8 @@
 
 namespace batch {
 
-/// What a correlation file may tell of the data behind it. It stands in lines that the readers set
-/// aside: "# cases N", and for every variable "# moments K MEAN SD", K counting from 1.
+/// What a correlation file may say of the data behind it, in lines that the readers set aside:
+/// "# cases N", and for every variable "# moments K MEAN SD", K counting from 1.
 struct CorrelationComments
 {
     std::optional<std::uint64_t> cases;

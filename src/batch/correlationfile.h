@@ -9,8 +9,8 @@
 
 namespace batch {
 
-/// Writes a correlation file from which the very bits are read back: the full square in the
-/// shortest decimals that do, with the names and with what CorrelationComments tell.
+/// Writes a correlation file from which the same bits are read back: the full square in the
+/// shortest decimals that give them, the names, and CorrelationComments.
 /// Where there are no correlations (fewer than two cases, a constant variable, squares beyond the
 /// range of doubles) nothing is written, and @p table is named in the message.
 /// @returns an ExitCode

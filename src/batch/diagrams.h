@@ -17,7 +17,7 @@ namespace batch {
 struct AnalysedPage;
 struct Analysis;
 
-/// What drawing takes: an application off screen, and the settings that everybody begins with.
+/// What drawing needs: an application off screen, and the default settings.
 class DrawingRoom
 {
 public:

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The toolkit has its say about the machine; standard error is for messages about files.
+/// Drops the toolkit's remarks on the machine: standard error is for messages about files.
 void keepQuiet(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     if (type == QtCriticalMsg || type == QtFatalMsg)
@@ -22,9 +22,9 @@ void keepQuiet(QtMsgType type, const QMessageLogContext&, const QString& text)
 
 int main(int argc, char* argv[])
 {
-    // A closed pipe is a failed write, told like any other.
+    // Writing to a closed pipe is to fail like any other write.
     std::signal(SIGPIPE, SIG_IGN);
-    // What is written hangs on the order of hashes in places.
+    // Some of the output is written in the order of a hash.
     QHashSeed::setDeterministicGlobalSeed();
     qInstallMessageHandler(keepQuiet);
     QStringList arguments;

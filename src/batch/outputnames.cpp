@@ -72,7 +72,7 @@ QString shown(QString name)
     return name.replace(anyNumber, QStringLiteral("M"));
 }
 
-/// Looks at what stands in the outputs' folders already, so that links to inputs are found too.
+/// Looks at the entries of the folders of the outputs as well, so that links to inputs are found.
 QString overwrittenInput(const QSet<QString>& inputs, const QSet<QString>& outputs,
                          const QSet<QString>& folders)
 {

@@ -35,7 +35,7 @@ QString drawingEnding(DrawingKind kind);
 /// The picture beside a report in Markdown; @p input counts from 0.
 QString reportPicture(const QString& report, qsizetype input, FactorKind kind);
 
-/// What speaks against the outputs of @p options before anything has been read: an output that is
+/// What is wrong with the outputs of @p options, before anything has been read: an output that is
 /// an input, or two outputs of one name. Empty: nothing. Numbers of factors that are still unknown
 /// may be any.
 QString outputConflict(const AnalyseOptions& options);

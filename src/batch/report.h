@@ -14,7 +14,7 @@ struct Analysis;
 class FileMessages;
 class ReportDocument;
 
-/// Tells people what was found, a section for each input. Needs a DrawingRoom.
+/// A report of the results for reading, one section per input. Needs a DrawingRoom.
 class Report
 {
 public:

@@ -61,7 +61,7 @@ ScoreOptions optionsOf(Arguments& arguments)
     return options;
 }
 
-/// What speaks against them; empty: nothing.
+/// What is wrong with them; empty: nothing.
 QString faultOf(const ScoreOptions& options)
 {
     const QStringList pages = {QStringLiteral("pelmora"), QStringLiteral("varimax"),
@@ -85,8 +85,8 @@ QString faultOf(const ScoreOptions& options)
     return {};
 }
 
-/// Thrown when the input was refused and that has been told. No std::exception, which would be told
-/// as a failure of the output.
+/// Thrown when the input was refused, after a message. No std::exception: that would be reported as
+/// a failure of the output.
 struct Refused
 {
 };

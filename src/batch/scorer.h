@@ -16,7 +16,7 @@ namespace batch {
 
 /// Computes factor scores of cases, new ones too, from an analysis that "analyse --json" wrote:
 /// z-scores by its means and deviations, times its score coefficients. Cases that were analysed get
-/// the very bits of the analysis.
+/// the same bits as in the analysis.
 class Scorer
 {
 public:

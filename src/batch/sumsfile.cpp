@@ -59,7 +59,8 @@ bool readNumber(QIODevice& device, Number& number)
     return true;
 }
 
-/// Room is taken piece by piece, so that a damaged file cannot ask for more than it holds.
+/// Memory is taken piece by piece, so that a damaged file cannot make it take much more than the
+/// file holds.
 bool readDoubles(QIODevice& device, std::vector<double>& values, std::size_t count)
 {
     constexpr std::size_t piece = std::size_t(1) << 20;

@@ -16,14 +16,15 @@ class QIODevice;
 
 namespace batch {
 
-/// What a file, or a part of one, brings to a table's correlations.
+/// What a file, or a part of one, contributes to the correlations of a table.
 struct Sums
 {
     pelmora::Moments moments;
     std::uint64_t dataLines = 0; ///< lines without entries included, which are no cases
     std::map<std::size_t, std::string> names; ///< given ones, by zero-based variable
 
-    /// Merges what comes behind; its names win. The variables must be as many, or none on one side.
+    /// Merges the sums of the lines that follow, whose names win. Both have as many variables, or
+    /// one has none.
     void merge(const Sums& next);
 };
 

@@ -12,7 +12,7 @@
 
 namespace convert {
 
-/// What stands on the command line.
+/// The parsed command line.
 struct Arguments
 {
     Options options;

@@ -16,8 +16,8 @@
 namespace convert {
 
 /// Finds the bytes that end fields: the separator, CR, LF and NUL (blanks and tabs alike where the
-/// blank separates). It looks at 64 bytes at once, and at each only once while the places asked
-/// for go up. So many bytes behind a place must be readable.
+/// blank separates). It looks at 64 bytes at once, and at each only once while the positions asked
+/// for ascend. 64 bytes from a position on must be readable.
 class ByteScan
 {
 public:

@@ -11,7 +11,7 @@ CellRule::CellRule(DecimalSigns signs, const Options& options) : m_signs(signs),
 {
     for (const QString& code : options.missing) {
         const std::string text = code.toStdString();
-        // The codes are parted by commas, so theirs is always the point.
+        // Commas separate the codes, so their decimal sign is the point.
         const Number number = parseNumber(text, {true, false});
         if (number.kind == Number::Value)
             m_numbers.push_back(number.value);

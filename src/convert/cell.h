@@ -50,7 +50,7 @@ private:
 };
 
 /// The signs that a number may have at this separator, as far as the user's options tell: a comma
-/// only where it does not part the fields, or where both are asked for.
+/// only where it does not separate fields, or where both are asked for.
 DecimalSigns possibleSigns(Separator separator, const Options& options);
 
 } // namespace convert

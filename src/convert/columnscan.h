@@ -34,7 +34,7 @@ struct FieldIndex
     std::size_t column;
 };
 
-/// One visit to all fields of the columns kept.
+/// The results of one pass over all fields of the columns kept.
 struct ColumnScan
 {
     std::vector<ColumnFacts> columns; ///< in the order of the columns kept

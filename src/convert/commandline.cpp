@@ -35,7 +35,7 @@ bool isThere(const QString& path)
     return info.exists() || info.isSymLink();
 }
 
-/// What keeps a file from being written; nothing where it may be.
+/// The exit code where the file must not be written, after a message; nothing where it may be.
 std::optional<int> findObstacle(const QString& path, bool force)
 {
     if (!isThere(path))

@@ -19,7 +19,7 @@ int refuseUsage(const QString& error);
 /// Prints to standard output, as UTF-8.
 int print(const QString& text);
 
-/// Whether both paths lead to one file, by links too, or would when both are there.
+/// Whether both paths name one file, links resolved, also where it does not exist yet.
 bool isSameFile(const QString& a, const QString& b);
 
 } // namespace convert

@@ -147,7 +147,7 @@ CorrelationTable::CorrelationTable(const Table& table, const Layout& layout, con
     checkFields(rule);
 }
 
-/// Of a square table columns can be kept, and the rows of the same places.
+/// Of a square table some columns can be kept, with the rows of the same places.
 void CorrelationTable::findSides(const Layout& layout)
 {
     const bool named = layout.hasRowNames || namesItsRows(m_table, layout);
@@ -169,8 +169,8 @@ void CorrelationTable::findSides(const Layout& layout)
         compareNames();
 }
 
-/// A misspelt name is told of; one that stands over another column shows that the rows have
-/// another order than the columns.
+/// A row name that no column has is only reported; one that another column has shows that rows and
+/// columns are in different orders.
 void CorrelationTable::compareNames()
 {
     for (std::size_t i = 0; i < m_columns.size(); ++i) {

@@ -23,7 +23,7 @@ void refuseText(const Table& table, const Layout& layout, const ColumnScan& scan
 void refuseFaults(const Table& table, const Layout& layout, const ColumnScan& scan,
                   const CellRule& rule, Separator separator);
 
-/// Values of nines that look like codes nobody named.
+/// Values of nines that look like codes of missing values but were not named as such.
 void refuseUnnamedCodes(const Table& table, const Layout& layout, const ColumnScan& scan,
                         const Options& options);
 

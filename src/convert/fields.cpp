@@ -19,7 +19,7 @@ bool isBlank(char byte)
     return byte == ' ' || byte == '\t';
 }
 
-/// A row while it is taken apart.
+/// A row while it is split.
 struct Row
 {
     std::size_t place = 0;
@@ -216,8 +216,8 @@ bool Tokenizer::keep(const Row& row)
     return true;
 }
 
-/// Room for the whole text if its other lines are about as long as the second; what is not needed
-/// is never touched.
+/// Reserves enough for the whole text if its other lines are about as long as the second; memory
+/// that is not needed is never touched.
 void Tokenizer::reserve()
 {
     const std::size_t left = m_text.end() - placeOf(m_p);

@@ -13,7 +13,7 @@
 
 namespace convert {
 
-/// A file taken apart at one separator, as far as that goes.
+/// A file split at one separator, up to its first fault.
 struct Reading
 {
     enum class Fault { None, Ragged, EmptyLine, TextBehindQuote, OpenQuote, SkippedInsideQuotes };
@@ -32,7 +32,7 @@ struct Reading
     bool isSingleColumn() const { return isRectangle() && fields == 1; }
 };
 
-/// Takes the text apart: quotes, doubled quotes and line ends inside them as in RFC 4180; LF, CR LF
+/// Splits the text: quotes, doubled quotes and line ends inside them as in RFC 4180; LF, CR LF
 /// and CR end lines. Empty lines and lines of separators alone at the end are dropped. Ends at the
 /// first fault.
 /// @param begin  where the first line to be read begins, whose number is @p line

@@ -13,7 +13,7 @@ namespace convert {
 
 namespace {
 
-/// Whatever the file's decimal sign turns out to be, a header with such a field may be data.
+/// With either decimal sign: the file's is not known yet, and a row with such a field may be data.
 Number anyNumber(std::string_view field)
 {
     return parseNumber(field, {true, true});
@@ -117,7 +117,7 @@ Layout findLayout(const Table& table, const Options& options)
 QString columnText(const Table& table, bool hasHeader, std::size_t column)
 {
     const QString name = hasHeader ? shortened(table.text(0, column)) : QString();
-    // What the exchange made a column is a line of the file.
+    // A column of an exchanged table is a line of the file.
     const QString place = table.isExchanged() ? tr("line %1").arg(table.place(0, column).line)
                                               : tr("column %1").arg(column + 1);
     return name.isEmpty() ? place : tr("%1 (%2)").arg(place, name);

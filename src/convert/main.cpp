@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Without a screen the toolkit would end the process by a signal.
+/// Without a screen the toolkit would abort.
 bool hasScreen()
 {
 #ifdef Q_OS_LINUX
@@ -46,7 +46,7 @@ int showWindow(int& argc, char** argv, const QString& file)
 
 int main(int argc, char* argv[])
 {
-    // A closed pipe is a failed write, told like any other.
+    // Writing to a closed pipe is to fail like any other write.
     std::signal(SIGPIPE, SIG_IGN);
     QStringList words;
     for (int i = 1; i < argc; ++i)

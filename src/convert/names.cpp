@@ -60,7 +60,7 @@ std::optional<char> byteOf(char32_t letter)
 
 void append(std::string& bytes, char32_t letter);
 
-/// The letter without its marks, or those that it is joined from.
+/// A letter without its marks, or the letters of a ligature.
 void appendDecomposed(std::string& bytes, char32_t letter)
 {
     const QString text = QString::fromUcs4(&letter, 1);

@@ -15,8 +15,8 @@ namespace convert {
 
 namespace {
 
-/// Numbers with their first digit beyond these places are beyond double, and an exponent counts
-/// no further: nobody has room for the zeros.
+/// A number whose first digit is beyond these places is out of the range of doubles; so the zeros
+/// of a large exponent need not be written out, and exponents are capped.
 constexpr std::int64_t farthestPlace = 400;
 constexpr std::int64_t largestExponent = std::int64_t(1) << 40;
 

@@ -33,8 +33,8 @@ struct Number
 };
 
 /// Takes a field for a number: a sign, ASCII digits with at most one decimal sign, an exponent. The
-/// value is the one that the readers make of plainDecimal(); what they would refuse is TooLarge or,
-/// where it is not 0 but would be read so, TooSmall.
+/// value is the one that the readers make of what appendPlainDecimal() writes; what they would
+/// refuse is TooLarge or, where it is not 0 but would be read so, TooSmall.
 Number parseNumber(std::string_view field, DecimalSigns signs);
 
 /// parseNumber() for what nearly all fields of a file are: at most 15 digits without an exponent.

@@ -56,7 +56,8 @@ private:
     std::vector<Range> m_ranges;
 };
 
-/// What the user settled; whatever is left unknown is recognised, or asked for.
+/// What the user chose; whatever is left unknown is recognised, or the file is refused with a
+/// request for it.
 struct Options
 {
     Kind kind = Kind::Unknown;

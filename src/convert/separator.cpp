@@ -156,7 +156,7 @@ bool SeparatorSearch::falls(const Reading& reading) const
     const CellRule rule(possibleSigns(reading.separator, m_options), m_options);
     const bool rowNames = m_options.header != Header::No && table.field(0, 0).empty() &&
                           table.rows() > 1 && findRowNames(table, 1);
-    // Places beyond the columns are told of when the separator is known.
+    // Places beyond the columns are reported once the separator is known.
     std::vector<std::size_t> kept;
     for (std::size_t column = rowNames ? 1 : 0; column < table.columns(); ++column)
         if (m_options.columns.isEmpty() || m_options.columns.contains(column + 1))
@@ -238,7 +238,7 @@ void SeparatorSearch::refuseSeveral(const std::vector<Reading>& readings, bool n
     throw Refusal(reasons);
 }
 
-/// Tells of the separator that came farthest: the one with the most fields.
+/// Reports the fault of the separator that gave the most fields.
 void SeparatorSearch::refuseNone(const std::vector<Reading>& readings) const
 {
     const auto rank = [](const Reading& reading) {

@@ -18,7 +18,7 @@ namespace convert {
 
 namespace {
 
-/// A device may have no end.
+/// Reading a device might never end.
 void refuseDevices(const QString& path)
 {
     const QFileInfo info(path);
