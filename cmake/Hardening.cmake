@@ -1,14 +1,14 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 
-# What makes a fault harder to exploit by a file from somewhere, in what users get. It hangs on the build type alone,
-# so that nobody who builds it in another way goes without.
+# Options that make a fault harder to exploit by a crafted file, for what users get. They depend on the build type
+# alone, so that every way of building has them.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-# The toolkit's set-up asks for folders beside the program, and the program of the build tree keeps their room with
-# empty entries, which the loader takes for the current folder. Our libraries are static.
+# qt_standard_project_setup() sets an RPATH beside the program, and CMake reserves its length in the build tree with
+# empty entries, which the loader takes for the current folder. Our libraries are static and need none.
 set(CMAKE_INSTALL_RPATH "")
 
 # The sanitizers have checks of their own, and without optimisation there is nothing to check.

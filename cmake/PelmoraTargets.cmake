@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 
-# What every target of ours is compiled with. Results must not depend on the compiler's taste for
-# fused operations, so contraction is off everywhere, not only in the numerics.
+# The options of every target of ours. Results must not depend on whether a compiler fuses
+# operations, so contraction is off everywhere, not only in the numerics.
 function(pelmora_set_options target)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-/// Holds the rotations against generated data sets: does every one end, and where it should?
+/// Rotates generated data sets: does every rotation end, and where it should?
 
 #include "datasets.h"
 #include "rotationtrial.h"
@@ -27,7 +27,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto patience = std::chrono::minutes(30);
 
-/// What a thread is busy with, and since when.
+/// The data set that a thread works on, and since when.
 struct Watch
 {
     std::atomic<std::int64_t> number = -1;

@@ -8,7 +8,7 @@
 
 #include <vector>
 
-/// Matrices that both programs are fed with. All are exactly symmetric.
+/// Input matrices of both programs. All are exactly symmetric.
 namespace pelmora {
 
 /// @p cases rows of answers to @p variables items that a few common factors and chance determine.

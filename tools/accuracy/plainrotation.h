@@ -7,7 +7,7 @@
 
 namespace pelmora {
 
-/// Where a rotation leads without any help.
+/// Where the sweeps of a rotation lead by themselves, without an end to endless ones.
 struct PlainRotation
 {
     bool ended; ///< two totals differed by at most 1e-12, or were not numbers

@@ -49,7 +49,7 @@ double steepestPair(const Matrix& l, int m)
     return double(steepest / meanSquareCommunality(l, m));
 }
 
-/// Goes the same way without help, @p bound sweeps at most, and compares.
+/// Rotates by plain sweeps, @p bound at most, and compares.
 void compareWithPlain(RotationTrial& trial, const Matrix& allLoadings, const Matrix& l,
                       const Matrix& companion, int m, int method, int bound)
 {
@@ -80,7 +80,7 @@ RotationTrial tryRotation(const Matrix& allLoadings, int m, int method)
     trial.madeNan = hasNan(l);
     trial.steepestPair = steepestPair(l, m);
     compareWithPlain(trial, allLoadings, l, companion, m, method, sweepBound(p, m));
-    // What ended worse may have ended by itself, behind the bound.
+    // Plain sweeps that did not end within the bound may end by themselves after it.
     if (trial.isWorse())
         compareWithPlain(trial, allLoadings, l, companion, m, method, int(plain::mostSweeps(m, p)));
     return trial;

@@ -8,14 +8,14 @@
 
 namespace pelmora {
 
-/// What became of one rotation, by rotate() and without its help.
+/// The outcome of one rotation, by rotate() and by plain sweeps alone.
 struct RotationTrial
 {
     PlainRotation plain{};
     double seconds = 0.0;   ///< of rotate() alone
     bool madeNan = false;   ///< of finite loadings
     bool untouched = false; ///< loadings and companion are the same to the bit both ways
-    /// How much worse rotate() ended than the better of the last two states without help, by
+    /// How much worse rotate() ended than the better of the last two states of plain sweeps, by
     /// relativeCriterion(). Negative: better than both.
     double shortfall = 0.0;
     /// The largest slope of relativeCriterion() over the angle of a pair.

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 #
-# Feeds the readers bytes that nobody thought of.
+# Fuzzes the readers and the rules of pelmora-convert.
 #
 # usage: ./dev fuzz [option of ctest]...
 #

@@ -6,7 +6,7 @@
 # usage: ./dev recipes
 #
 # A database server and a scheduler of their own are started in a folder that is removed at the end. The correlations
-# of both roads are compared with those of pelmora-batch; one of Dask's workers is killed in the middle.
+# of both ways are compared with those of pelmora-batch; one of Dask's workers is killed in the middle.
 
 need build recipes
 build release pelmora-batch

@@ -230,7 +230,7 @@ QMap<QString, QTextBlock> GuideDocument::targets() const
                                             QRegularExpression::UseUnicodePropertiesOption);
     QMap<QString, QTextBlock> found;
     for (const QTextBlock& heading : headings()) {
-        // As the sites name them that show Markdown.
+        // The names that sites give to headings in Markdown.
         const QString name = heading.text().toLower().remove(dropped).replace(u' ', u'-');
         QString target = name;
         for (int again = 1; found.contains(target); ++again)

@@ -25,7 +25,7 @@ public:
     /// Addresses of pictures that could not be read.
     QStringList missingPictures() const { return m_missingPictures; }
 
-    /// Links in the text to headings that there are not.
+    /// Links in the text to headings that do not exist.
     QStringList missingTargets() const;
 
     /// Draws every page with its number at the foot.

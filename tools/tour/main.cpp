@@ -15,7 +15,7 @@ namespace {
 
 QtMessageHandler showMessage = nullptr;
 
-/// What the toolkit says about a place without display and desktop would hide what matters.
+/// Drops the toolkit's remarks on a machine without display and desktop.
 void leaveOutNoise(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     const bool ofThePlace =

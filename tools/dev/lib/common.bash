@@ -11,7 +11,7 @@ say() {
     printf '\n== %s\n' "$*"
 }
 
-# Warnings are errors where nobody would read them.
+# In CI warnings are errors, since nobody would read them.
 default_preset() {
     if [ "${CI:-}" = true ]; then echo ci; else echo release; fi
 }
