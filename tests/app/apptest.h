@@ -65,10 +65,9 @@ protected:
     QByteArray saved(const QString& button)
     {
         const QTemporaryDir folder;
-        QFile written(folder.filePath(QStringLiteral("saved")));
-        m_dialogs.chooseFile(written.fileName());
+        m_dialogs.chooseFile(folder.filePath(QStringLiteral("saved")));
         find<QPushButton>(button)->click();
-        return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray();
+        return contentsOf(folder.filePath(QStringLiteral("saved")));
     }
     static QStringList titles(const QTabWidget* tabs)
     {

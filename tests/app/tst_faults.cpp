@@ -26,12 +26,6 @@ qint64 memoryInUse()
     return status.readAll().split(' ').value(1).toLongLong() * 4;
 }
 
-QByteArray contentsOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
-
 } // namespace
 
 /// What the world may do to a running program: files that go away, settings that make no sense,

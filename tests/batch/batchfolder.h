@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/samplefile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -29,20 +31,24 @@ public:
             qFatal("Cannot write a test's file");
     }
 
-    QByteArray content(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-    }
+    QByteArray content(const QString& name) const { return contentsOf(path(name)); }
 
-    bool has(const QString& name) const { return QFile::exists(path(name)); }
+    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
 
-    Outcome run(const QStringList& arguments, const QString& input = QString()) const
+    /// Without a display, which must not be asked for.
+    Outcome run(const QStringList& arguments, const QString& input = {},
+                const QString& output = {}) const
     {
         QProcess process;
         process.setWorkingDirectory(m_folder.path());
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        environment.remove(QStringLiteral("DISPLAY"));
+        process.setProcessEnvironment(environment);
         if (!input.isEmpty())
             process.setStandardInputFile(path(input));
+        if (!output.isEmpty())
+            process.setStandardOutputFile(output);
         process.start(QStringLiteral(PELMORA_BATCH), arguments);
         const bool finished = process.waitForFinished();
         return {finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,

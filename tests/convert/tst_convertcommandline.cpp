@@ -9,16 +9,6 @@
 
 #include <filesystem>
 
-namespace {
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-}
-
-} // namespace
-
 /// How the command line ends, and what becomes of the files.
 class TestConvertCommandLine : public QObject
 {
@@ -92,8 +82,8 @@ void TestConvertCommandLine::usageIsChecked()
 void TestConvertCommandLine::filesAreWritten()
 {
     QCOMPARE(run("in.csv", "out.dat", {"--report", path("report")}), int(convert::Written));
-    QCOMPARE(contentOf(path("out.dat")), QByteArray("1.5\t2\n3\t4\nvname\t1\ta\nvname\t2\tb\n"));
-    QVERIFY(contentOf(path("report")).contains("Result: 2 rows and 2 columns"));
+    QCOMPARE(contentsOf(path("out.dat")), QByteArray("1.5\t2\n3\t4\nvname\t1\ta\nvname\t2\tb\n"));
+    QVERIFY(contentsOf(path("report")).contains("Result: 2 rows and 2 columns"));
 }
 
 void TestConvertCommandLine::whatIsThereIsKept()
@@ -101,15 +91,15 @@ void TestConvertCommandLine::whatIsThereIsKept()
     QCOMPARE(run("in.csv", "old"), int(convert::CannotReadOrWrite));
     QCOMPARE(run("bad.csv", "old", {"--force"}), int(convert::Refused));
     QCOMPARE(run("in.csv", "new", {"--report", path("old")}), int(convert::CannotReadOrWrite));
-    QCOMPARE(contentOf(path("old")), QByteArray("old"));
+    QCOMPARE(contentsOf(path("old")), QByteArray("old"));
     QVERIFY(!QFile::exists(path("new")));
     QCOMPARE(run("in.csv", "old", {"--force", "--report", path("report")}), int(convert::Written));
-    QVERIFY(contentOf(path("old")).startsWith("1.5\t2\n"));
+    QVERIFY(contentsOf(path("old")).startsWith("1.5\t2\n"));
 }
 
 void TestConvertCommandLine::linksToTheInputAreSeen()
 {
-    const QByteArray before = contentOf(path("in.csv"));
+    const QByteArray before = contentsOf(path("in.csv"));
     QVERIFY(QFile::link(path("in.csv"), path("soft")));
     std::filesystem::create_hard_link(path("in.csv").toStdString(), path("hard").toStdString());
     for (const char* same : {"in.csv", "soft", "hard"}) {
@@ -117,7 +107,7 @@ void TestConvertCommandLine::linksToTheInputAreSeen()
         QCOMPARE(run("in.csv", "new", {"--force", "--report", path(same)}), int(convert::Refused));
     }
     QCOMPARE(run("in.csv", "new", {"--report", path("new")}), int(convert::Refused));
-    QCOMPARE(contentOf(path("in.csv")), before);
+    QCOMPARE(contentsOf(path("in.csv")), before);
     QVERIFY(!QFile::exists(path("new")));
 }
 

@@ -3,6 +3,7 @@
 
 #include "output/filewriter.h"
 #include "support/fullfiles.h"
+#include "support/samplefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,12 +26,6 @@ void writeNew(std::ostream& out)
 void writeMuch(std::ostream& out)
 {
     out << std::string(300000, 'x') << '\n';
-}
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
 
 /// For root every folder takes a second file, so the process becomes nobody for a while.
@@ -81,10 +76,10 @@ private slots:
         QVERIFY(QFile::setPermissions(m_old, QFile::ReadOwner | QFile::WriteOwner));
         const auto permissions = QFile::permissions(m_old);
         QVERIFY(!writeFile(m_old, writeNew));
-        QCOMPARE(contents(m_old), "new\n");
+        QCOMPARE(contentsOf(m_old), "new\n");
         QCOMPARE(QFile::permissions(m_old), permissions);
         QVERIFY(!writeFile(place("other.dat"), writeMuch));
-        QCOMPARE(contents(place("other.dat")).size(), 300001);
+        QCOMPARE(contentsOf(place("other.dat")).size(), 300001);
         QVERIFY(!writeFile(place(QString(250, 'n')), writeNew)); // no longer name has room
         QCOMPARE(names().size(), 3);
     }
@@ -124,7 +119,7 @@ private slots:
             QCOMPARE(int(failure->step), step);
             QCOMPARE(failure->text(), path + ": " + reason);
         }
-        QCOMPARE(contents(m_old), "old\n");
+        QCOMPARE(contentsOf(m_old), "old\n");
         QCOMPARE(names(), QStringList("old.dat"));
     }
 
@@ -143,7 +138,7 @@ private slots:
         const auto failure = writeFile(m_old, writeNew);
         QVERIFY(failure && failure->step == WriteFailure::Step::Opening);
         QCOMPARE(failure->reason, "Permission denied");
-        QCOMPARE(contents(m_old), "old\n");
+        QCOMPARE(contentsOf(m_old), "old\n");
     }
 
     void aFolderThatTakesNoSecondFile()
@@ -158,7 +153,7 @@ private slots:
             QVERIFY(writeFile(place("other.dat"), writeNew));
         }
         QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7700)));
-        QCOMPARE(contents(m_old), "new\n");
+        QCOMPARE(contentsOf(m_old), "new\n");
     }
 
     void linksStayAndTheirTargetsAreWritten()
@@ -170,8 +165,8 @@ private slots:
         QVERIFY(!writeFile(place("dangling.dat"), writeNew));
         for (const char* name : {"link.dat", "second link.dat", "dangling.dat"})
             QVERIFY2(QFileInfo(place(name)).isSymLink(), name);
-        QCOMPARE(contents(m_old), "new\n");
-        QCOMPARE(contents(place("not yet.dat")), "new\n");
+        QCOMPARE(contentsOf(m_old), "new\n");
+        QCOMPARE(contentsOf(place("not yet.dat")), "new\n");
     }
 
     /// For root neither.
@@ -199,7 +194,7 @@ private slots:
             QVERIFY(!writeFile(folder + QString::number(output), writeNew));
         QVERIFY(stat(old.c_str(), &after) == 0);
         QCOMPARE(after.st_ino, before.st_ino);
-        QCOMPARE(contents(m_old), "new\n");
+        QCOMPARE(contentsOf(m_old), "new\n");
         close(output);
     }
 };

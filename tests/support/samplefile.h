@@ -7,6 +7,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+inline QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
 /// A file with given bytes in a folder of its own, both gone at the end.
 class SampleFile
 {

@@ -3,6 +3,7 @@
 
 #include "input/asciidatareader.h"
 #include "support/dialogscript.h"
+#include "support/samplefile.h"
 #include "support/testsettings.h"
 #include "views/corrform.h"
 #include "views/dataform.h"

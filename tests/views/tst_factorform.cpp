@@ -3,6 +3,7 @@
 
 #include "support/datarows.h"
 #include "support/dialogscript.h"
+#include "support/samplefile.h"
 #include "support/testsettings.h"
 #include "views/diagramgeometry.h"
 #include "views/factorform.h"

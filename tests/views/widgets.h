@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QFile>
 #include <QTableView>
 
 inline void click(const QWidget& page, const char* button)
@@ -30,10 +29,4 @@ inline QStringList shown(const QAbstractItemModel* model)
 inline QStringList shown(const QTableView* view)
 {
     return shown(view->model());
-}
-
-inline QByteArray contentsOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
