@@ -6,6 +6,7 @@
 #include "numerics/factoranalysis.h"
 #include "numerics/obstacle.h"
 #include "numericstest.h"
+#include "support/datarows.h"
 #include "support/referencefile.h"
 
 #include <QTest>
@@ -111,16 +112,16 @@ inline Sample sample(const QByteArray& name)
 
 inline void addSamples()
 {
-    QTest::addColumn<QByteArray>("name");
+    const DataRows<QByteArray> row("name");
     for (const char* name : {"harman24", "attitude", "mtcars", "bfi", "box", "two"})
-        QTest::newRow(name) << QByteArray(name);
+        row(name, name);
 }
 
 struct FaultyMatrix
 {
-    const char* name;
+    const char* name = nullptr;
     std::vector<std::vector<double>> rows;
-    pelmora::Reason reason;
+    pelmora::Reason reason = {};
     double number = 0.0;
 };
 
@@ -140,6 +141,13 @@ inline const std::vector<FaultyMatrix>& faultyMatrices()
         {"a doubled variable", {{1, 0.3, 1}, {0.3, 1, 0.3}, {1, 0.3, 1}}, Singular},
         {"regular, the diagonal 1 within 1e-6", {{1.0000009, 0.3}, {0.3, 1}}, None}};
     return cases;
+}
+
+inline void addFaultyMatrices()
+{
+    const DataRows<FaultyMatrix> row("fault");
+    for (const FaultyMatrix& fault : faultyMatrices())
+        row(fault.name, fault);
 }
 
 } // namespace adequacycases
