@@ -24,7 +24,7 @@ void showError(const char* text)
                          QCoreApplication::translate("Numerics", text), QMessageBox::Ok);
 }
 
-/// Without rich text: a file's text is shown as it stands.
+/// Without rich text: the text may quote a file, which may look like markup.
 void showReaderMessage(const ReaderMessage& message)
 {
     const bool warning = message.severity == ReaderMessage::Severity::Warning;

@@ -31,7 +31,7 @@ public:
     ~PCAForm() override;
 
     /// Shows the session's @p decomposition and presets the number of factors. The matrices stay
-    /// the session's; their tables are emptied when it goes.
+    /// the session's; their tables are emptied when it is deleted.
     void fill(const pelmora::Decomposition& decomposition);
 
 public slots:

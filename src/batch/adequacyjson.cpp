@@ -16,7 +16,7 @@ namespace {
 using pelmora::Computed;
 using pelmora::Obstacle;
 
-/// Notes why values are missing on the way.
+/// Collects the reasons of missing values on the way.
 class AdequacyObject
 {
 public:

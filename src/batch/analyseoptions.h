@@ -65,7 +65,7 @@ struct AnalyseOptions
 };
 
 /// Takes the arguments apart. @p fault tells what is wrong with them; empty: nothing. An option
-/// that comes again replaces what it said before.
+/// that is repeated replaces its earlier value.
 AnalyseOptions parseAnalyseOptions(const QStringList& arguments, QString& fault);
 
 /// What a rotation is called in arguments and in JSON.

@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// The commands of pelmora-batch. Each takes the arguments behind its name and returns an ExitCode;
+/// The commands of pelmora-batch. Each takes the arguments after its name and returns an ExitCode;
 /// none of them has an application object unless it makes one.
 namespace batch {
 

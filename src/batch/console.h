@@ -37,7 +37,7 @@ void tell(const QString& file, const QString& text);
 /// @returns WrongUsage
 int refuseUsage(const QString& command, const QString& text);
 
-/// Writes a file whole or not at all; a failure is told, and false returned.
+/// Writes a file whole or not at all; a failure is reported, and false returned.
 bool writeOutput(const QString& path, const std::function<void(std::ostream&)>& write,
                  LineEnds lineEnds = LineEnds::OfThePlatform);
 /// The same for bytes that stay as they are.
@@ -45,11 +45,11 @@ bool writeOutput(const QString& path, const QByteArray& bytes);
 
 /// Writes a file whole or not at all, its bytes as they are; where @p path is "-", to standard
 /// output as they come. What @p write throws besides the stream's own failures is passed on. A
-/// failure is told.
+/// failure is reported.
 /// @returns an ExitCode
 int streamOutput(const QString& path, const std::function<void(std::ostream&)>& write);
 
-/// Writes @p bytes to standard output, to the last one; a failure is told. An ExitCode.
+/// Writes @p bytes to standard output, to the last one; a failure is reported. An ExitCode.
 int writeToStandardOutput(std::string_view bytes);
 
 /// The same for text, as UTF-8.

@@ -14,7 +14,7 @@ namespace batch {
 
 namespace {
 
-/// A line's words behind the mark; none where it begins otherwise.
+/// The words after the "#" of a line; none where it begins otherwise.
 QStringList words(const QString& line)
 {
     const QStringList all = line.split(u' ', Qt::SkipEmptyParts);

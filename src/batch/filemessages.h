@@ -10,7 +10,7 @@
 
 namespace batch {
 
-/// While it lives, what readers and numerics report is about one file: each message is told on
+/// While it lives, what readers and numerics report is about one file: each message is written to
 /// standard error and kept. Only one lives at a time.
 class FileMessages
 {

@@ -13,11 +13,11 @@
 
 namespace batch {
 
-/// Reads @p stream once and gathers its sums. A fault is told with the name of @p file.
+/// Reads @p stream once and gathers its sums. A fault is reported under the name of @p file.
 /// @returns false when the file is refused
 bool gatherSums(pelmora::RowStream& stream, const QString& file, Sums& sums);
 
-/// Reads @p stream, whose faults are told with the name of @p file. The same.
+/// Reads @p stream; reports and returns the same.
 bool readStream(pelmora::RowStream& stream, const QString& file, std::size_t rowsPerBlock,
                 const pelmora::RowStream::TakeRows& takeRows);
 

@@ -15,7 +15,7 @@
 namespace batch {
 
 /// Writes JSON text, in UTF-8: numbers in the shortest form that reads back, null for those that
-/// are not finite. Numbers of a list stand on one line, everything else on lines of its own.
+/// are not finite. Numbers of a list are on one line, everything else on lines of its own.
 class JsonWriter
 {
 public:

@@ -24,7 +24,7 @@ public:
     /// With @p refused only the messages.
     void add(const Analysis& analysis, const FileMessages& messages, bool refused);
 
-    /// Writes the document and what stands beside it; false after a failure has been told.
+    /// Writes the document and its pictures; false after a failure has been reported.
     bool write();
 
 private:

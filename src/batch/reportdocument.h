@@ -28,7 +28,7 @@ public:
     virtual void paragraph(const QString& text) = 0;
     virtual void list(const QStringList& lines) = 0;
     virtual void table(const TableGrid& grid) = 0;
-    /// @param file  where the format has its pictures in files of their own
+    /// @param file  for the picture, where the format keeps pictures outside of the document
     virtual void picture(const QByteArray& png, const QString& file,
                          const QString& description) = 0;
     virtual QString text() const = 0;

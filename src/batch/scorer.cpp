@@ -19,7 +19,7 @@ namespace batch {
 
 namespace {
 
-/// What is not finite stands as null.
+/// Numbers that are not finite are null.
 double number(const QJsonValue& value)
 {
     return value.toDouble(std::numeric_limits<double>::quiet_NaN());

@@ -9,7 +9,7 @@ struct Analysis;
 struct AnalyseOptions;
 
 /// Writes the text files that @p options ask for, like the pages' exports. A file that cannot be
-/// written is told, and the others are written all the same.
+/// written is reported, and the others are still written.
 /// @returns how many could not be written
 int writeTextFiles(const Analysis& analysis, const AnalyseOptions& options);
 

@@ -27,7 +27,7 @@ public:
     {
     }
 
-    /// The first such byte at @p p or behind it.
+    /// The first such byte at @p p or after it.
     const char* find(const char* p)
     {
         if (m_window == nullptr || p < m_window || p >= m_window + SourceText::margin)

@@ -46,7 +46,7 @@ struct ColumnScan
     FieldIndex firstPoint{};
     FieldIndex firstComma{};
     bool signsMayGroup = true; ///< every decimal sign could part thousands
-    /// How often a value of nines stands in a column (an index of @ref columns).
+    /// How often a value of nines occurs in a column (an index of @ref columns).
     std::map<std::pair<std::size_t, double>, std::size_t> nines;
 
     std::size_t numbers(std::size_t index) const

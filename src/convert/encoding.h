@@ -14,7 +14,7 @@
 namespace convert {
 
 /// The bytes of a file as UTF-8, with room on both sides: one byte in front of the text and
-/// SourceText::margin NUL bytes behind it can be read.
+/// SourceText::margin NUL bytes after it can be read.
 class SourceText
 {
 public:

@@ -148,7 +148,7 @@ bool Tokenizer::takeRow(Row& row)
     return true;
 }
 
-/// Goes to the separator or line end behind the field.
+/// Advances to the separator or line end after the field.
 bool Tokenizer::takeField(Row& row)
 {
     while (isBlank(*m_p) && *m_p != m_separator)

@@ -15,7 +15,7 @@ namespace convert {
 class VariableNameList
 {
 public:
-    /// Cleans @p name, which stands in column @p place (from 1), and adds it.
+    /// Cleans @p name, of column @p place (from 1), and adds it.
     void add(const QString& name, std::size_t place);
     /// Numbers repeated names. To be called once, when all are added.
     void finish();

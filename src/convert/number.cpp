@@ -30,7 +30,7 @@ struct Parts
 {
     std::string_view mantissa; ///< digits and perhaps a decimal sign
     std::size_t whole = 0;     ///< digits before the sign
-    std::size_t fraction = 0;  ///< digits behind it
+    std::size_t fraction = 0;  ///< digits after it
     char sign = 0;
     bool negative = false;
     std::int64_t exponent = 0;
@@ -93,7 +93,7 @@ std::string digitsOf(const Parts& parts)
     return digits;
 }
 
-/// How many places before the point the first digit other than 0 stands; nothing for zero.
+/// How many places before the point the first digit other than 0 is; nothing for zero.
 std::optional<std::int64_t> firstPlace(const Parts& parts)
 {
     std::size_t zeros = 0;

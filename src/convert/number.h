@@ -27,7 +27,7 @@ struct Number
     Kind kind = None;
     char sign = 0; ///< the decimal sign in it; 0 without one
     /// Whether the sign could part thousands: one to three digits before it of which the first is
-    /// not 0, and exactly three behind it.
+    /// not 0, and exactly three after it.
     bool mayGroup = false;
     double value = 0.0;
 };
@@ -71,7 +71,7 @@ inline bool parseCommonNumber(std::string_view field, DecimalSigns signs, Number
     return true;
 }
 
-/// Appends a number with its digits as they stand, a point for its decimal sign, and its exponent
+/// Appends a number with its digits unchanged, a point for its decimal sign, and its exponent
 /// written out.
 /// @param number  one for which parseNumber() found a value
 void appendPlainDecimal(std::string& out, std::string_view number);

@@ -17,7 +17,7 @@ namespace convert {
 
 namespace {
 
-/// What a first line "sep=;" says, and where the lines behind it begin.
+/// What a first line "sep=;" says, and where the lines after it begin.
 struct SeparatorLine
 {
     Separator separator = Separator::Unknown;

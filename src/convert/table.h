@@ -15,7 +15,7 @@
 
 namespace convert {
 
-/// Where a field stands in the file, both from 1; the line is the one where its row begins.
+/// The position of a field in the file, both from 1; the line is the one where its row begins.
 struct Place
 {
     std::size_t line;
@@ -28,8 +28,8 @@ class Table
 {
 public:
     Table() = default;
-    /// @param begins  for every row where its fields begin and, last, the place behind the one that
-    ///                ends the row; between two fields stands at least one byte
+    /// @param begins  for every row where its fields begin and, last, the place after the one that
+    ///                ends the row; there is at least one byte between two fields
     /// @param missesCorner  whether the first field is none of the file's, so that its place is
     ///                      not in the row
     Table(const SourceText& text, std::vector<std::uint32_t> begins, std::size_t columns,

@@ -22,7 +22,7 @@ class NumberLines;
 ///
 /// A file is read as bytes, Latin-1, each line up to its first NUL. Line ends may be LF, CR LF or
 /// CR. Lines are trimmed; one that begins with "vname" is a name line; one that consists of digits,
-/// "+", "-", "." and white space only is a data line; all others are set aside without a word.
+/// "+", "-", "." and white space only is a data line; all others are set aside without a message.
 class AsciiReader : public QObject
 {
     Q_OBJECT

@@ -40,14 +40,14 @@ QList<QStringView> split(QStringView line, IsSeparator isSeparator, qsizetype mo
     return pieces;
 }
 
-/// A keyword with the number behind it and all blanks around.
+/// A keyword with the number after it and all blanks around.
 struct Header
 {
     qsizetype begin;
     qsizetype end;
 };
 
-/// The header whose keyword stands at @p position, if a number follows there.
+/// The header whose keyword is at @p position, if a number follows there.
 std::optional<Header> headerAt(QStringView line, qsizetype position)
 {
     const auto skip = [line](qsizetype from, bool (*matches)(QChar)) {

@@ -19,7 +19,7 @@ QStringView trimmed(QStringView line);
 
 Kind kindOf(QStringView line);
 
-/// What stands between blanks (or commas, though no data line holds one).
+/// The texts between blanks (or commas, though no data line holds one).
 QList<QStringView> entries(QStringView line);
 
 /// Zero-based variable index and name of a name line; -1 and an empty name without a readable

@@ -34,7 +34,7 @@ public:
     {
         constexpr auto none = std::string_view::npos;
         const auto lineFeed = bytes.rfind('\n');
-        // The first NUL behind the line feed cuts the line; those further on lie behind it anyway.
+        // The first NUL after the line feed cuts the line; those further on are cut off anyway.
         const auto nul = bytes.rfind('\0');
         if (nul != none && (lineFeed == none || nul > lineFeed)) {
             m_start = offset + nul;
@@ -48,7 +48,7 @@ public:
         return lineFeed != none;
     }
 
-    /// The start of a line, or a NUL, from which the lines behind can be told.
+    /// The start of a line, or a NUL, from which the following lines can be read.
     std::uint64_t start() const { return m_start; }
 
 private:

@@ -30,7 +30,7 @@ struct Obstacle
     explicit operator bool() const { return reason != Reason::None; }
 };
 
-/// A value, or the obstacle in its way: the value then is the one of a default-constructed Value.
+/// A value, or the obstacle to it: the value is then that of a default-constructed Value.
 template <typename Value>
 struct Computed
 {
@@ -42,8 +42,8 @@ struct Computed
 Obstacle obstacleToAnything(const Matrix& r, const Vector& eigenvalues);
 
 /// The same, and NotPositiveDefinite or Singular. Singular is an eigenvalue within 1e-10 of the
-/// largest: correlations are sums over cases, so that eigenvalues that ought to be 0 grow with the
-/// number of cases, to 2e-12 of the largest with 500,000.
+/// largest: correlations are sums over cases, so that eigenvalues that are 0 but for rounding grow
+/// with the number of cases, to 2e-12 of the largest with 500,000.
 Obstacle obstacleToInverse(const Matrix& r, const Vector& eigenvalues);
 
 /// NotNumbers, DiagonalNotOne or TooFewVariables, or CasesUnknown, or TooFewCases below 3:

@@ -53,7 +53,7 @@ public:
         return m_pending < millisecond || ask();
     }
 
-    /// What is told with the next question.
+    /// Reported when goOn() is asked next.
     Progress& progress() { return m_progress; }
 
 private:

@@ -22,7 +22,7 @@ public:
     bool isNull() const;
 
     /// The n eigenvalues of the symmetric @p a (both triangles), which is destroyed, in descending
-    /// order. They stand until the next call.
+    /// order. They are valid until the next call.
     const Vector& compute(Matrix& a);
 
 private:
@@ -33,7 +33,7 @@ private:
     void step(int from, int to);
 
     Vector m_diagonal;
-    Vector m_beside; ///< element i stands between i and i + 1; the last is 0
+    Vector m_beside; ///< element i is between i and i + 1; the last is 0
     Vector m_normal;
     Vector m_product;
 };

@@ -17,7 +17,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-/// What is gathered of all variables, one element each.
+/// Sums and extremes of all variables, one element each.
 struct Sums
 {
     explicit Sums(int variables)

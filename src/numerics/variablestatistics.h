@@ -16,8 +16,8 @@ struct VariableStatistics
     double minimum = 0.0;
     double maximum = 0.0;
 
-    /// A constant variable has no correlations. Told by its extremes: the sum of a constant that is
-    /// no binary fraction leaves a tiny deviation behind.
+    /// A constant variable has no correlations. Judged by its extremes: the sum of a constant that
+    /// is no binary fraction leaves a tiny deviation behind.
     bool isConstant() const { return minimum == maximum; }
     /// One case is no distribution: nothing correlates.
     bool hasTooFewCases() const { return cases < 2; }

@@ -9,9 +9,8 @@
 
 #include <QString>
 
-/// The lines that tell whether correlations are fit for factors, and of how many, in the user's
-/// language. Numbers are rounded to @p decimals. In place of a number that cannot be computed
-/// stands why.
+/// The lines on the adequacy of correlations and on the number of factors, in the user's language.
+/// Numbers are rounded to @p decimals. A number that cannot be computed is replaced by the reason.
 namespace adequacytext {
 
 QString kmo(const pelmora::Computed<double>& kmo, unsigned decimals);

@@ -31,7 +31,7 @@ void writeCorrelations(std::ostream& out, const pelmora::Matrix& correlations,
             // a last bit, which rounding could turn into an asymmetry that the reader refuses.
             const double value = correlations[std::min(i, j)][std::max(i, j)];
             const std::string text = fileText(numbertext::rounded(value, decimals));
-            // A covariance may fill the field: one blank stays before it all the same.
+            // A covariance may fill the field: one blank is written before it nevertheless.
             line += numbertext::rightAligned(text, std::max(width, text.size() + 1));
         }
         out << line + '\n';

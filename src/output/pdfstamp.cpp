@@ -30,7 +30,7 @@ void replaceMetadataTime(QByteArray& pdf, const QByteArray& key, const QByteArra
         pdf.replace(begin, time.size(), time);
 }
 
-/// Zeros for the hexadecimal digits between @p key and @p end, wherever they stand.
+/// Zeros for the hexadecimal digits between every @p key and @p end.
 void clearIdentifiers(QByteArray& pdf, const QByteArray& key, char end)
 {
     for (auto at = pdf.indexOf(key); at >= 0; at = pdf.indexOf(key, at + 1))

@@ -16,7 +16,7 @@ void ignoreStore(unsigned decimals);
 /// Decimals that numbers are shown and written with: the stored value, 9 where it is larger or
 /// negative, 2 where there is none.
 unsigned precision();
-/// The stored precision as it stands, for presetting the dialog.
+/// The stored precision unchanged, for presetting the dialog.
 int storedPrecision();
 void setPrecision(int decimals);
 

@@ -40,5 +40,5 @@ struct DiagramGeometry
     QSize cellSize(double rowMaximum, double columnMaximum) const;
 };
 
-/// Where the baseline of a summary begins, so that it stands in the middle of its cell.
+/// Where the baseline of a summary begins, so that it is centred in its cell.
 QPoint summaryOrigin(const QRect& cell, int textWidth);

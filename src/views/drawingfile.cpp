@@ -22,7 +22,7 @@ namespace {
 constexpr double pointsPerInch = 72.0;
 constexpr double longestPage = 200.0 * pointsPerInch;
 const QColor ruleColour(210, 210, 210);
-/// A rule fills one row or column of pixels, whose middle it goes through.
+/// A rule fills one row or column of pixels, so it runs along their middle.
 constexpr double halfPixel = 0.5;
 /// Of the dot for a loading of 0, which is nearly all outline.
 constexpr double leastRadius = 0.25;

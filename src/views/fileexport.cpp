@@ -39,7 +39,7 @@ public:
     SessionFace* session() const { return m_session; }
     bool areThere() const { return m_page && (m_session || !m_hadSession); }
 
-    /// The dialog is a child of the page, which deletes it when it goes.
+    /// The dialog is a child of the page, whose destructor deletes it.
     void run(QDialog* dialog) const
     {
         const auto end = [dialog] {

@@ -22,14 +22,14 @@ class QWidget;
 class LongWork
 {
 public:
-    /// @param parent  the dialog stands over its window
+    /// @param parent  its window is the parent of the dialog
     /// @param file    the file that is read, if one is
     explicit LongWork(QWidget* parent, const QString& file = QString());
     ~LongWork();
     LongWork(const LongWork&) = delete;
     LongWork& operator=(const LongWork&) = delete;
 
-    /// Whether there is any. Nothing that changes sessions or starts other work may be done then.
+    /// Whether any is running. Then nothing may change sessions or start other work.
     static bool isRunning();
 
     /// Whether the user has cancelled it.

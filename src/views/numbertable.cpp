@@ -22,7 +22,7 @@ void NumberTableModel::fill(const pelmora::Matrix& values)
 
 void NumberTableModel::fill(pelmora::Matrix&& values)
 {
-    // The numbers shown so far must live until the view has been told of the new ones.
+    // The numbers shown so far must live until the view knows the new ones.
     fill(values);
     m_ownValues = std::move(values);
 }

@@ -10,7 +10,7 @@
 #include <QVector>
 
 /// What a page sees of the analysis session that it belongs to. The session implements it.
-/// A page may outlive its session: keep it in a QPointer and let go of its data on destroyed().
+/// A page may outlive its session: keep it in a QPointer and drop its data on destroyed().
 class SessionFace : public QObject
 {
     Q_OBJECT

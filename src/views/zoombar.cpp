@@ -14,7 +14,7 @@ ZoomBar::ZoomBar(QWidget* parent) : QScrollBar(parent)
 
 void ZoomBar::wheelEvent(QWheelEvent* event)
 {
-    // A wheel turned sideways points the way that a plain scroll bar goes.
+    // A wheel turned sideways points along the bar, so it works as in a plain scroll bar.
     const QPoint turn = event->angleDelta();
     setInvertedControls(std::abs(turn.x()) > std::abs(turn.y()));
     QScrollBar::wheelEvent(event);

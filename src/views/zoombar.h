@@ -6,7 +6,7 @@
 #include <QScrollBar>
 
 /// A scroll bar that sets a size: keys and wheel move its thumb the way they point, upwards being
-/// more. A plain one moves what it scrolls, and so goes the other way.
+/// more. A plain one moves what it scrolls, so its directions are reversed.
 class ZoomBar : public QScrollBar
 {
     Q_OBJECT

@@ -33,7 +33,7 @@ struct Watch
     std::atomic<std::int64_t> number = -1;
     std::atomic<Clock::rep> since = 0;
 
-    /// Ends the program when it takes too long: a thread that hangs can not be told to stop.
+    /// Ends the program when it takes too long: a thread that hangs cannot be stopped.
     void check() const
     {
         const std::int64_t current = number;

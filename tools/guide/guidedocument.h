@@ -55,7 +55,7 @@ private:
     /// Headings by the targets of links to them.
     QMap<QString, QTextBlock> targets() const;
     int pageOf(const QTextBlock& block) const;
-    /// Where a height of the layout comes on paper.
+    /// The place on paper of a height of the layout.
     PdfPlace placeOf(qreal height) const;
     PdfLink linkOf(const QRectF& area, const QTextBlock& heading) const;
 

@@ -42,7 +42,7 @@ public:
     bool isWhole() const { return m_size > 0 && m_tableStart > 0; }
     int root() const { return intAfter(m_trailer, "/Root "); }
 
-    /// What stands between "obj" and "endobj"; empty without such an object.
+    /// The text between "obj" and "endobj"; empty without such an object.
     QByteArray object(int id) const
     {
         const QByteArray head = "\n" + QByteArray::number(id) + " 0 obj\n";
@@ -173,7 +173,7 @@ int addOutline(PdfUpdate& update, const QList<int>& pages, const QList<PdfBookma
     return root;
 }
 
-/// Every page has an array of annotations, in which the links to addresses already stand.
+/// Every page has an array of annotations, which already has the links to addresses.
 bool addLinks(PdfUpdate& update, const QList<int>& pages, const QList<PdfLink>& links)
 {
     for (int page = 0; page < pages.size(); ++page) {

@@ -14,14 +14,14 @@ class QFile;
 namespace pelmora {
 
 /// Reads a file in large chunks and hands out runs of whole lines: each run ends with a line feed
-/// (a carriage return where there are none), save perhaps the file's last. A line longer than a
+/// (a carriage return where there are none), except perhaps the file's last. A line longer than a
 /// chunk makes the buffer grow.
 class LineBuffer
 {
 public:
     static constexpr std::size_t usualChunk = 256 * 1024;
 
-    /// Reads on from where @p file stands.
+    /// Reads on from the current position of @p file.
     explicit LineBuffer(QFile& file, std::size_t chunkSize = usualChunk)
         : m_file(file)
         , m_chunkSize(chunkSize)
@@ -56,7 +56,7 @@ private:
     std::size_t m_size = 0;          ///< bytes read and not yet dropped
     std::size_t m_run = 0;           ///< how many of them make up the run
     std::uint64_t m_bytesBefore = 0; ///< in the file, before those
-    std::size_t m_cutPosition = 0;   ///< where bytes behind a NUL were passed over
+    std::size_t m_cutPosition = 0;   ///< where bytes after a NUL were dropped
     std::uint64_t m_cutBytes = 0;    ///< how many
     bool m_atEnd = false;
     bool m_failed = false;

@@ -18,7 +18,7 @@ inline const char* behindLineFeed(const char* p, const char* end)
 }
 
 /// Calls @p takePiece with the start of every piece of text between line ends. It returns the end
-/// of the piece: the CR, LF or NUL behind it. Empty pieces are skipped.
+/// of the piece: the CR, LF or NUL after it. Empty pieces are skipped.
 /// @param p    start of a run of whole lines
 /// @param end  end of the run; NUL bytes follow where the last line has no line feed
 template <typename TakePiece>

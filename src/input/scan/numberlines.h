@@ -12,7 +12,7 @@
 
 namespace pelmora {
 
-/// What is wrong with the data lines of a file, as far as the first fault goes.
+/// The first fault in the data lines of a file.
 struct LineFault
 {
     enum Kind { None, EntryCount, NotANumber };
@@ -37,7 +37,7 @@ public:
     /// lines that follow must have as many entries.
     void continueBehind(std::size_t lines, std::size_t columns);
 
-    /// Takes the line at @p p apart and returns its end: the CR, LF or NUL behind it.
+    /// Takes the line at @p p apart and returns its end: the CR, LF or NUL after it.
     /// @param isData  false when the line holds anything but numbers; nothing of it is kept then
     const char* takeLine(const char* p, bool& isData);
 
@@ -65,7 +65,7 @@ public:
     /// its row pointers (reported).
     Matrix takeMatrix();
 
-    /// Writes the numbers that stand before the first missing one into @p matrix, as far as they
+    /// Writes the numbers before the first missing one into @p matrix, as far as they
     /// have a place there.
     void copyTo(Matrix& matrix) const;
 

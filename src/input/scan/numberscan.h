@@ -22,7 +22,7 @@ namespace pelmora::numberscan {
 
 inline constexpr std::size_t windowSize = 64;
 
-/// Bytes that must be readable behind a text.
+/// Bytes that must be readable after a text.
 inline constexpr std::size_t margin = windowSize + sizeof(std::uint64_t);
 
 inline constexpr std::uint64_t lowBits = 0x7F7F7F7F7F7F7F7F;
