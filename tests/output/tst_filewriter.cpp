@@ -148,7 +148,7 @@ private slots:
         {
             const OrdinaryUser user;
             QVERIFY(writeFile(m_old, [](std::ostream&) { throw std::bad_alloc(); }));
-            QCOMPARE(contents(m_old), "old\n");
+            QCOMPARE(contentsOf(m_old), "old\n");
             QVERIFY(!writeFile(m_old, writeNew));
             QVERIFY(writeFile(place("other.dat"), writeNew));
         }
