@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Pelmora Developers
 # SPDX-License-Identifier: MIT
 
-# cmake -D PROGRAMS=<file>;... -D HARDENED=<bool> -P CheckPrograms.cmake: what the ELF files say of themselves. No
-# program may look for libraries in the current folder, or in one that depends on it; a release build is hardened.
+# cmake -D PROGRAMS=<file>;... -D HARDENED=<bool> -P CheckPrograms.cmake: checks headers and symbols of programs. None
+# may look for libraries in the current folder, or in one that depends on it; a release build is hardened.
 find_program(READELF readelf REQUIRED)
 set(faults "")
 set(any_stack_protector FALSE)

@@ -33,7 +33,7 @@ install(FILES
         ${PROJECT_SOURCE_DIR}/data/README.md
     DESTINATION ${pelmora_datadir}/samples)
 
-# pelmora_compress(<file> <name>): build/packaging/<name>, without the time, so that it is the same every time.
+# pelmora_compress(<file> <name>): build/packaging/<name>, without a time stamp, so that it is reproducible.
 function(pelmora_compress file name)
     set(compressed ${CMAKE_BINARY_DIR}/packaging/${name})
     add_custom_command(OUTPUT ${compressed}
