@@ -92,7 +92,7 @@ void writePairs(JsonWriter& json, const NamedMatrix& loadings)
 void writePage(JsonWriter& json, const AnalysedPage& page)
 {
     const pelmora::Matrix& loadings = page.loadings.values;
-    const LoadingSums sums = loadingSums(loadings);
+    const LoadingSums sums = loadingSums(loadings, loadings.columns());
     json.beginObject();
     json.key("rotation").value(rotationWord(page.kind));
     json.key("factors").value(loadings.columns());

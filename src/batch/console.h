@@ -15,6 +15,7 @@
 /// What all commands share: exit codes, messages and output.
 namespace batch {
 
+/// Translates a text of any command.
 QString tr(const char* text);
 
 /// A command that meets several faults ends with the largest.

@@ -146,7 +146,7 @@ void Report::addLoadings(const AnalysedPage& page)
     const pelmora::Matrix& loadings = page.loadings.values;
     const int variables = loadings.rows();
     const int factors = loadings.columns();
-    const LoadingSums sums = loadingSums(loadings);
+    const LoadingSums sums = loadingSums(loadings, factors);
 
     TableGrid grid;
     grid.corner = tr("Variable");

@@ -22,7 +22,7 @@ std::string numberField(double x, unsigned decimals)
 void writeLoadings(std::ostream& out, const pelmora::Matrix& loadings, const VariableNames& names,
                    unsigned decimals)
 {
-    const LoadingSums sums = loadingSums(loadings);
+    const LoadingSums sums = loadingSums(loadings, loadings.columns());
     for (int i = 0; i < loadings.rows(); ++i) {
         const auto variable = static_cast<std::size_t>(i);
         for (int j = 0; j < loadings.columns(); ++j)

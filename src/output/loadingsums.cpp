@@ -3,14 +3,14 @@
 
 #include "output/loadingsums.h"
 
-LoadingSums loadingSums(const pelmora::Matrix& loadings)
+LoadingSums loadingSums(const pelmora::Matrix& loadings, int factors)
 {
     const int variables = loadings.rows();
     LoadingSums sums;
-    std::vector<double> sumsOfSquares(static_cast<std::size_t>(loadings.columns()));
+    std::vector<double> sumsOfSquares(static_cast<std::size_t>(factors));
     for (int i = 0; i < variables; ++i) {
         double communality = 0.0;
-        for (int j = 0; j < loadings.columns(); ++j) {
+        for (int j = 0; j < factors; ++j) {
             const double square = loadings[i][j] * loadings[i][j];
             communality += square;
             sumsOfSquares[static_cast<std::size_t>(j)] += square;

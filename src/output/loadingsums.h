@@ -15,4 +15,5 @@ struct LoadingSums
     double totalVariance = 0.0;            ///< of all factors together
 };
 
-LoadingSums loadingSums(const pelmora::Matrix& loadings);
+/// Of the first @p factors columns.
+LoadingSums loadingSums(const pelmora::Matrix& loadings, int factors);

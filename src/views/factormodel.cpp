@@ -4,6 +4,7 @@
 #include "views/factormodel.h"
 
 #include "input/linetext.h"
+#include "output/loadingsums.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,35 +48,23 @@ factorModel::factorModel(const NamedMatrix& loadings, int numberOfFactors, QObje
     : QAbstractTableModel(parent)
     , m_numberOfVariables(loadings.values.rows())
     , m_numberOfFactors(std::min(numberOfFactors, loadings.values.columns()))
-    , m_cells(at(m_numberOfVariables + 1) * at(m_numberOfFactors + 1))
     , m_rowMaxima(at(m_numberOfVariables), std::numeric_limits<double>::min())
     , m_columnMaxima(at(m_numberOfFactors), std::numeric_limits<double>::min())
     , m_names(loadings.names)
 {
-    for (int i = 0; i < m_numberOfVariables; ++i)
-        std::copy_n(loadings.values[i], m_numberOfFactors,
-                    m_cells.begin() + (i + 1) * (m_numberOfFactors + 1) + 1);
-    summarise();
-}
-
-void factorModel::summarise()
-{
-    const int width = m_numberOfFactors + 1;
-    double* variances = m_cells.data();
+    const LoadingSums sums = loadingSums(loadings.values, m_numberOfFactors);
+    m_cells.reserve(at(m_numberOfVariables + 1) * at(m_numberOfFactors + 1));
+    m_cells.push_back(sums.totalVariance);
+    m_cells.insert(m_cells.end(), sums.explainedVariance.begin(), sums.explainedVariance.end());
     for (int i = 0; i < m_numberOfVariables; ++i) {
-        double* row = m_cells.data() + (i + 1) * width;
-        for (int j = 1; j < width; ++j) {
-            const double square = row[j] * row[j];
-            row[0] += square;
-            variances[j] += square;
+        const double* row = loadings.values[i];
+        m_cells.push_back(sums.communalities[at(i)]);
+        m_cells.insert(m_cells.end(), row, row + m_numberOfFactors);
+        for (int j = 0; j < m_numberOfFactors; ++j) {
             raise(m_rowMaxima[at(i)], row[j]);
-            raise(m_columnMaxima[at(j - 1)], row[j]);
+            raise(m_columnMaxima[at(j)], row[j]);
         }
     }
-    for (int j = 1; j < width; ++j)
-        variances[0] += variances[j];
-    for (int j = 0; j < width; ++j)
-        variances[j] = 100.0 * variances[j] / m_numberOfVariables;
 }
 
 int factorModel::rowCount(const QModelIndex&) const

@@ -54,8 +54,6 @@ public:
     void setVariableNames(const VariableNames& names);
 
 private:
-    void summarise();
-
     int m_numberOfVariables;
     int m_numberOfFactors;
     int m_diagramSize = 50;
