@@ -15,6 +15,7 @@ namespace {
 [[noreturn]] void becomeProgram(std::vector<QByteArray>& command, int output)
 {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (QByteArray& argument : command)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);
