@@ -6,16 +6,12 @@
 #include "numerics/rotation.h"
 #include "support/difference.h"
 
-#include <QAbstractItemModel>
 #include <QLabel>
 #include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTableView>
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -47,6 +43,11 @@ pelmora::Matrix transposed(const pelmora::Matrix& matrix)
 class TestSession : public AppTest
 {
     Q_OBJECT
+
+private:
+    // Two of its bytes have no letter of their own; unchanged, it is written as it came.
+    const QByteArray unlettered = "\xC3\x9C\x81\x9F";
+    const QByteArray namedCases = fourCases + "vname\t2\t" + unlettered + "\nvname\t3\tHeight\n";
 
 private slots:
     void aSessionNeedsAFileAndATabWidget()
@@ -149,21 +150,27 @@ private slots:
         QCOMPARE(titles(find<QTabWidget>()), parts);
     }
 
+    void everyPageShowsItsOwnKind_data()
+    {
+        const DataRows<int, int, QString> row("page", "method", "title");
+        row("Pelmora", 3, pelmora::PelmoraRotation, "Pelmora rotated factors : ");
+        row("Varimax", 4, pelmora::VarimaxRotation, "Varimax rotated factors : ");
+        row("initial", 5, pelmora::NoRotation, "Initial factors : ");
+    }
+
     void everyPageShowsItsOwnKind()
     {
+        QFETCH(int, page);
+        QFETCH(int, method);
         m_settings.set(QStringLiteral("Precision"), 9);
         read("actionDataASCII", sample("box-problem.txt"));
         session()->createRotationPages(3, 7);
-        for (const auto& [page, method, title] :
-             {std::tuple(3, pelmora::PelmoraRotation, "Pelmora rotated factors : "),
-              {4, pelmora::VarimaxRotation, "Varimax rotated factors : "},
-              {5, pelmora::NoRotation, "Initial factors : "}}) {
-            const auto own = pelmora::extractFactors(session()->decomposition(), 3, method);
-            pages()->setCurrentIndex(page);
-            QCOMPARE(find<QLabel>("labelFactors")->text(), title);
-            QVERIFY(
-                saved("ExportRotated").contains(QByteArray::number(own.loadings[0][0], 'g', 6)));
-        }
+        const auto own = pelmora::extractFactors(session()->decomposition(), 3, method);
+        pages()->setCurrentIndex(page);
+        QTEST(find<QLabel>("labelFactors")->text(), "title");
+        const QByteArray first = QByteArray::number(own.loadings[0][0], 'g', 6);
+        const QByteArray written = saved("ExportRotated");
+        QVERIFY2(written.contains(first), written.constData());
     }
 
     void rotationsThatChangeNothingSaySo_data()
@@ -187,63 +194,51 @@ private slots:
         QTEST(told, "unmoved");
     }
 
-    void orientationThereAndBackIsTheSameToTheBit()
+    /// Results and the number of cases are those of the new orientation; names beyond its variables
+    /// are kept for the way back.
+    void orientationThereAndBack()
     {
-        const SampleFile file("data.txt", fourCases);
+        const SampleFile file("data.txt", fourCases + "5 1 2\n");
         read("actionDataASCII", file.path());
+        const auto requireFreshTables = [this](int variables, int cases) {
+            pages()->setCurrentIndex(1);
+            QCOMPARE(find<QSpinBox>("spinBoxCases")->value(), cases);
+            for (const int tab : {1, 3}) {
+                const auto* table = tab == 1 ? "tableAdequacy" : "tableNumberOfFactors";
+                const auto* model = find<QTableView>(table)->model();
+                QCOMPARE(model->rowCount(), 0);
+                find<QTabWidget>("tabWidgetCorrelations")->setCurrentIndex(tab);
+                QCOMPARE(model->rowCount(), variables + (tab == 3));
+            }
+        };
         const auto& loadings = session()->decomposition().initialLoadings;
         const auto before = loadings.clone();
+        requireFreshTables(3, 5);
+
         session()->setRowWise(true);
         QVERIFY(session()->isRowWise());
         QVERIFY(!difference(loadings, before).isEmpty());
         QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA"}));
+        requireFreshTables(5, 3);
         session()->createRotationPages(2, 2);
+        session()->setVariableNames({"a", "b", "c", "d", "e"});
+
         session()->setRowWise(false);
         QCOMPARE(titles(pages()), QStringList({"Raw data", "Correlations", "PCA", "Varimax[2]"}));
         QCOMPARE(difference(loadings, before), QString());
-    }
-
-    void orientationDiscardsWhatWasToldOfTheOther()
-    {
-        const SampleFile file("data.txt", "1 2 4\n2 1 5\n3 5 1\n4 3 3\n5 1 2\n");
-        read("actionDataASCII", file.path());
-        for (const auto& [rowWise, cases] : {std::pair(false, 5), {true, 3}, {false, 5}}) {
-            session()->setRowWise(rowWise);
-            pages()->setCurrentIndex(1);
-            QCOMPARE(find<QSpinBox>("spinBoxCases")->value(), cases);
-            auto* tabs = find<QTabWidget>("tabWidgetCorrelations");
-            for (const auto& [tab, table] :
-                 {std::pair(1, "tableAdequacy"), {3, "tableNumberOfFactors"}}) {
-                const auto* model = find<QTableView>(table)->model();
-                QCOMPARE(model->rowCount(), 0);
-                tabs->setCurrentIndex(tab);
-                QCOMPARE(model->rowCount(), (rowWise ? 5 : 3) + (tab == 3));
-            }
-        }
-    }
-
-    void namesOutliveTheOrientation()
-    {
-        const SampleFile file("data.txt", fourCases);
-        read("actionDataASCII", file.path());
-        session()->setRowWise(true);
-        session()->createRotationPages(2, 2);
-        session()->setVariableNames({"a", "b", "c", "d"});
-        session()->setRowWise(false);
+        requireFreshTables(3, 5);
         QCOMPARE(session()->variableNames(), QStringList({"a", "b", "c"}));
+
         session()->setVariableNames({"x", "y", "z"});
         session()->setRowWise(true);
-        QCOMPARE(session()->variableNames(), QStringList({"x", "y", "z", "d"}));
+        QCOMPARE(session()->variableNames(), QStringList({"x", "y", "z", "d", "e"}));
         pages()->setCurrentIndex(3);
         QVERIFY(saved("ExportRotated").contains("| x\n"));
     }
 
-    void namesReachEveryPageAndFile()
+    void namesReachEveryPage()
     {
-        // Two of its bytes have no letter of their own; unchanged, it is written as it came.
-        const QByteArray kept = "\xC3\x9C\x81\x9F";
-        const SampleFile file("data.txt", fourCases + "vname\t2\t" + kept + "\nvname\t3\tHeight\n");
-        openSession(file.path());
+        openSession(SampleFile("data.txt", namedCases).path());
         const QStringList names = session()->variableNames();
         QCOMPARE(names, QStringList({"1", "\u00C3\u0153\uFFFD\u0178", "Height"}));
 
@@ -272,16 +267,27 @@ private slots:
         // Raw data and their statistics, correlations both ways, eigenvectors, loadings, three
         // diagrams, pairs.
         QVERIFY2(tables >= 11, qPrintable(QString::number(tables)));
+    }
 
-        for (const auto& [page, button] : {std::pair(0, "pushButtonSave"),
-                                           {1, "pushButtonSave"},
-                                           {2, "pushButtonExportEigenvektoren"},
-                                           {2, "pushButton"},
-                                           {3, "ExportRotated"}}) {
-            pages()->setCurrentIndex(page);
-            const QByteArray written = saved(button);
-            QVERIFY2(written.contains(kept) && written.contains("? third"), written.constData());
-        }
+    void namesReachEveryFile_data()
+    {
+        const DataRows<int, QString> row("page", "button");
+        row("raw data", 0, "pushButtonSave");
+        row("correlations", 1, "pushButtonSave");
+        row("eigenvectors", 2, "pushButtonExportEigenvektoren");
+        row("initial loadings", 2, "pushButton");
+        row("rotated loadings", 3, "ExportRotated");
+    }
+
+    void namesReachEveryFile()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, button);
+        openSession(SampleFile("data.txt", namedCases).path());
+        session()->setVariableNames({"1", session()->variableNames()[1], "\u0416 third"});
+        pages()->setCurrentIndex(page);
+        const QByteArray written = saved(button);
+        QVERIFY2(written.contains(unlettered) && written.contains("? third"), written.constData());
     }
 
     void pagesOutliveTheirTabsAndTheirSession()
