@@ -107,16 +107,25 @@ private slots:
         QCOMPARE(finder.nonFocalFactors(1), (std::vector{0, 2}));
     }
 
+    void aPairBeyondTheLastIsRefused_data()
+    {
+        const DataRows<int, int> row("factor", "rank");
+        row("rank too high", 0, 1);
+        row("negative rank", 0, -1);
+        row("factor too high", 2, 0);
+        row("negative factor", -1, 0);
+    }
+
     void aPairBeyondTheLastIsRefused()
     {
+        QFETCH(int, factor);
+        QFETCH(int, rank);
         const MinimalPairFinder finder(loadingsOf({{1, 2}, {3, 4}}, {"a", "b"}));
-        for (const auto& [factor, rank] : {std::pair(0, 1), {0, -1}, {2, 0}, {-1, 0}}) {
-            try {
-                finder.pair(factor, rank);
-                QFAIL("no exception");
-            } catch (const std::out_of_range& exception) {
-                QCOMPARE(exception.what(), "no such minimal pair!");
-            }
+        try {
+            finder.pair(factor, rank);
+            QFAIL("no exception");
+        } catch (const std::out_of_range& exception) {
+            QCOMPARE(exception.what(), "no such minimal pair!");
         }
     }
 };

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "minimalpairs/minimalpairform.h"
-#include "support/testsettings.h"
 #include "views/loadings.h"
+#include "views/viewtest.h"
 #include "views/widgets.h"
 
 #include <QAction>
@@ -11,7 +11,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QTableWidget>
-#include <QTest>
 
 namespace {
 
@@ -40,21 +39,12 @@ struct Page : MinimalPairForm
 
 } // namespace
 
-class TestMinimalPairForm : public QObject
+class TestMinimalPairForm : public ViewTest
 {
     Q_OBJECT
 
-private:
-    TestSettings m_settings;
-
 private slots:
-    void init()
-    {
-        m_settings.clear();
-        QTest::failOnWarning(QRegularExpression("No matching signal"));
-    }
-
-    void showsThePairsInOrder()
+    void showsThePairsInOrderWithLoadingsAndDifferences()
     {
         const Page page(0);
         QCOMPARE(page.labels("labelPair"),
@@ -71,10 +61,6 @@ private slots:
         page.findChild<QTableWidget*>()->actions().first()->trigger(); // copies
         QVERIFY(QGuiApplication::clipboard()->text().startsWith(
             "\tWeight\t%1 of all\t| difference |\nFocal factor F1\t0.91\t-0.50\t1.41\n"));
-    }
-
-    void showsLoadingsAndDifferences()
-    {
         QCOMPARE(Page(1).table(0), QStringList({"|Weight|<b>Height</b>|| difference |",
                                                 "Focal factor F2|0.13|0.25|0.13",
                                                 "Non focal\nfactor F1|0.91|0.88|0.03",

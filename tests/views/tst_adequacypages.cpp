@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 #include "numerics/errorreport.h"
-#include "support/testsettings.h"
+#include "support/datarows.h"
 #include "views/corrform.h"
 #include "views/fakesession.h"
 #include "views/loadings.h"
 #include "views/longwork.h"
 #include "views/screeplot.h"
+#include "views/viewtest.h"
 #include "views/widgets.h"
 
 #include <QAction>
@@ -18,7 +19,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <QTest>
 #include <QTimer>
 
 #include <cmath>
@@ -75,20 +75,11 @@ pelmora::Matrix threeVariables()
 
 } // namespace
 
-class TestAdequacyPages : public QObject
+class TestAdequacyPages : public ViewTest
 {
     Q_OBJECT
 
-private:
-    TestSettings m_settings;
-
 private slots:
-    void init()
-    {
-        m_settings.clear();
-        QTest::failOnWarning(QRegularExpression("No matching signal"));
-    }
-
     void everyTabIsComputedWhenItIsShown()
     {
         Page page(threeVariables(), 100);
@@ -164,35 +155,26 @@ private slots:
         }
     }
 
-    void aCancelledParallelAnalysisLeavesThePage()
+    void aParallelAnalysisMayBeCancelledOrLoseItsSession()
     {
         Page page(threeVariables(), 100);
+        const auto compute = [&page](const std::function<void()>& meanwhile) {
+            QTimer timer;
+            connect(&timer, &QTimer::timeout, meanwhile);
+            timer.start(0);
+            const auto patience = std::exchange(LongWork::patience(), std::chrono::milliseconds(0));
+            click(page, "pushButtonParallel");
+            LongWork::patience() = patience;
+        };
         page.choose(NumberOfFactors);
         const QStringList before = page.table("tableNumberOfFactors");
-        QTimer canceller;
-        connect(&canceller, &QTimer::timeout, [] {
+        compute([] {
             if (auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()))
                 dialog->cancel();
         });
-        canceller.start(0);
-        const auto patience = std::exchange(LongWork::patience(), std::chrono::milliseconds(0));
-        click(page, "pushButtonParallel");
-        LongWork::patience() = patience;
-        canceller.stop();
         QCOMPARE(page.text("labelParallel"), "Parallel analysis: not computed yet");
         QCOMPARE(page.table("tableNumberOfFactors"), before);
-    }
-
-    void aSessionMayGoDuringTheParallelAnalysis()
-    {
-        Page page(threeVariables(), 100);
-        page.choose(NumberOfFactors);
-        QTimer closer;
-        connect(&closer, &QTimer::timeout, [&page] { page.session.reset(); });
-        closer.start(0);
-        const auto patience = std::exchange(LongWork::patience(), std::chrono::milliseconds(0));
-        click(page, "pushButtonParallel");
-        LongWork::patience() = patience;
+        compute([&page] { page.session.reset(); });
         QCOMPARE(page.table("tableNumberOfFactors").size(), 1);
         page.choose(Adequacy);
         QCOMPARE(page.text("labelKmo"), "");
@@ -200,13 +182,12 @@ private slots:
 
     void noNumberWithoutMeaning_data()
     {
-        QTest::addColumn<std::shared_ptr<pelmora::Matrix>>("matrix");
-        QTest::addColumn<QString>("adequacy");
-        QTest::addColumn<QString>("factors"); // empty: they are told all the same
-        const auto row = [](const char* name, pelmora::Matrix matrix, const QString& adequacy,
-                            const QString& factors) {
-            QTest::newRow(name) << std::make_shared<pelmora::Matrix>(std::move(matrix)) << adequacy
-                                << factors;
+        // With an empty reason the numbers of factors are computed all the same.
+        const DataRows<std::shared_ptr<pelmora::Matrix>, QString, QString> rows(
+            "matrix", "adequacy", "factors");
+        const auto row = [&rows](const char* name, pelmora::Matrix matrix, const QString& adequacy,
+                                 const QString& factors) {
+            rows(name, std::make_shared<pelmora::Matrix>(std::move(matrix)), adequacy, factors);
         };
         const QString notNumbers = "it holds values that are not numbers";
         const QString diagonal = "the diagonal is not 1";
@@ -227,7 +208,7 @@ private slots:
         QFETCH(std::shared_ptr<pelmora::Matrix>, matrix);
         QFETCH(QString, adequacy);
         QFETCH(QString, factors);
-        pelmora::setErrorReport([](const char*) {}); // no convergence with values that are none
+        pelmora::setErrorReport([](const char*) {}); // NaN does not converge
         Page page(matrix->clone(), 100);
         pelmora::setErrorReport(nullptr);
         page.choose(Adequacy);

@@ -2,22 +2,22 @@
 // SPDX-License-Identifier: MIT
 
 #include "input/asciidatareader.h"
+#include "support/datarows.h"
 #include "support/dialogscript.h"
+#include "support/difference.h"
 #include "support/samplefile.h"
-#include "support/testsettings.h"
 #include "views/corrform.h"
 #include "views/dataform.h"
 #include "views/fakesession.h"
 #include "views/loadings.h"
+#include "views/viewtest.h"
 #include "views/widgets.h"
 
 #include <QDialog>
 #include <QLabel>
 #include <QRadioButton>
 #include <QTableWidget>
-#include <QTest>
 
-#include <bit>
 #include <cfloat>
 #include <memory>
 
@@ -54,32 +54,20 @@ const QStringList statisticsAsRead = {"|Mean|Standard\ndeviation|Minimum|Maximum
 
 } // namespace
 
-class TestDataPages : public QObject
+class TestDataPages : public ViewTest
 {
     Q_OBJECT
 
 private:
     const QString m_locationKey = QStringLiteral("Export/LastCorrExportLocation");
-    TestSettings m_settings;
     DialogScript m_dialogs;
     QTemporaryDir m_folder;
 
 private slots:
     void init()
     {
-        m_settings.clear();
+        ViewTest::init();
         m_dialogs.takeRecord();
-        QTest::failOnWarning(QRegularExpression("No matching signal"));
-    }
-
-    void showWhatTheyAreFilledWith()
-    {
-        const Pages pages;
-        QCOMPARE(pages.data(), dataAsRead);
-        QCOMPARE(pages.statistics(), statisticsAsRead);
-        QCOMPARE(
-            pages.table("tableCorrelations"),
-            QStringList({"|1|B|3", "1|1.00|0.35|0.00", "B|0.35|1.00|0.50", "3|0.00|0.50|1.00"}));
     }
 
     void tellWhatHasNoCorrelations()
@@ -106,43 +94,47 @@ private slots:
     void orientationTurnsNamesAndStatistics()
     {
         Pages pages;
+        const auto* means = pages.findChild<QLabel*>("labelRowWise");
+        const auto requireColumns = [&] {
+            QVERIFY(pages.raw.findChild<QRadioButton*>("radioButtonColumnWise")->isChecked());
+            QCOMPARE(pages.data(), dataAsRead);
+            QCOMPARE(pages.statistics(), statisticsAsRead);
+            QVERIFY(means->isHidden());
+        };
+        requireColumns();
+        QCOMPARE(
+            pages.table("tableCorrelations"),
+            QStringList({"|1|B|3", "1|1.00|0.35|0.00", "B|0.35|1.00|0.50", "3|0.00|0.50|1.00"}));
         click(pages.raw, "radioButtonRowWise");
         QVERIFY(pages.session->rowWise);
         QCOMPARE(pages.data(), QStringList({"|1|2|3", "1|1.00|2.00|3.13", "B|-5.00|2.00|1000.00"}));
         QCOMPARE(pages.statistics().value(1), "1|2.04|0.87|1.00|3.13|");
+        QVERIFY(!means->isHidden());
+        QCOMPARE(means->text(), "Row-wise: means are divided by the number of variables (2), not "
+                                "of cases (3), so correlations differ from those of the same data "
+                                "in columns.");
         click(pages.raw, "radioButtonColumnWise");
-        QCOMPARE(pages.data(), dataAsRead);
-        QCOMPARE(pages.statistics(), statisticsAsRead);
-
+        requireColumns();
         pages.session->refuses = true;
         click(pages.raw, "radioButtonRowWise");
-        QVERIFY(pages.raw.findChild<QRadioButton*>("radioButtonColumnWise")->isChecked());
-        QCOMPARE(pages.data(), dataAsRead);
-    }
+        requireColumns();
 
-    void rowWiseMeansAreTold()
-    {
-        Pages pages;
-        const auto* told = pages.findChild<QLabel*>("labelRowWise");
-        QVERIFY(told->isHidden());
+        // As many variables as cases: there is nothing to tell.
+        pages.session->refuses = false;
         click(pages.raw, "radioButtonRowWise");
-        QVERIFY(!told->isHidden());
-        QCOMPARE(told->text(), "Row-wise: means are divided by the number of variables (2), not of "
-                               "cases (3), so correlations differ from those of the same data in "
-                               "columns.");
         pages.session->data.setMatrix(matrixOf({{1, 2}, {-5, 2}}));
         pages.raw.fill(pages.session->data);
-        QVERIFY(told->isHidden());
+        QVERIFY(means->isHidden());
     }
 
     void editedNamesReachEveryPage_data()
     {
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<int>("result");
-        QTest::addColumn<QString>("name"); // what a file can hold is what is seen
-        QTest::addRow("raw data, cancelled") << "DataForm" << int(QDialog::Rejected) << "3";
-        QTest::addRow("raw data") << "DataForm" << int(QDialog::Accepted) << "\u00c5 ?";
-        QTest::addRow("correlations") << "CorrForm" << int(QDialog::Accepted) << "\u00c5 ?";
+        const DataRows<QString, int, QString> row("page", "result", "name");
+        // Names are shown as files can hold them.
+        row("raw data, cancelled", "DataForm", QDialog::Rejected, "3");
+        row("raw data", "DataForm", QDialog::Accepted, "\u00c5 ?");
+        row("correlations, cancelled", "CorrForm", QDialog::Rejected, "3");
+        row("correlations", "CorrForm", QDialog::Accepted, "\u00c5 ?");
     }
 
     void editedNamesReachEveryPage()
@@ -185,10 +177,7 @@ private slots:
         QVERIFY(reader.readFile() && reader.checkConsistency());
         AsciiData back;
         QVERIFY(back.allocate(2, 4) && reader.getData(back));
-        for (int i = 0; i < 2; ++i)
-            for (int j = 0; j < 4; ++j)
-                QCOMPARE(std::bit_cast<quint64>(back.matrix()[i][j]),
-                         std::bit_cast<quint64>(values[i][j]));
+        QCOMPARE(difference(back.matrix(), values), QString());
         QCOMPARE(back.names().texts(), pages.session->variableNames());
     }
 
@@ -221,30 +210,23 @@ private slots:
 
     void savesThatFailAreTold_data()
     {
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<QString>("path"); // empty: the dialog is cancelled
-        QTest::addColumn<QString>("last");
+        // Without a path the dialog is cancelled.
+        const DataRows<QString, QString, QString> row("page", "path", "last");
         const QString full = "Error while trying to save file|Cannot write to file!|/dev/full: No "
                              "space left on device";
         const QString nowhere = "/nowhere/<b>a</b>";
         const QString reason = '|' + nowhere + ": No such file or directory";
         const QString stem = FakeSession().outputStem();
-        QTest::addRow("raw data, full") << "DataForm"
-                                        << "/dev/full" << full;
-        QTest::addRow("raw data, nowhere")
-            << "DataForm" << nowhere << "Error opening file|Cannot open file " + nowhere + reason;
-        QTest::addRow("raw data, cancelled")
-            << "DataForm"
-            << ""
-            << "Please select folder and filename to save values|" + stem + "|*.dat";
-        QTest::addRow("correlations, full") << "CorrForm"
-                                            << "/dev/full" << full;
-        QTest::addRow("correlations, nowhere")
-            << "CorrForm" << nowhere << "Error|Cannot open file for writing." + reason;
-        QTest::addRow("correlations, cancelled")
-            << "CorrForm"
-            << ""
-            << "Export correlation matrix|" + stem + "|Correlation Files (*.cor)";
+        row("raw data, full", "DataForm", "/dev/full", full);
+        row("raw data, nowhere", "DataForm", nowhere,
+            "Error opening file|Cannot open file " + nowhere + reason);
+        row("raw data, cancelled", "DataForm", "",
+            "Please select folder and filename to save values|" + stem + "|*.dat");
+        row("correlations, full", "CorrForm", "/dev/full", full);
+        row("correlations, nowhere", "CorrForm", nowhere,
+            "Error|Cannot open file for writing." + reason);
+        row("correlations, cancelled", "CorrForm", "",
+            "Export correlation matrix|" + stem + "|Correlation Files (*.cor)");
     }
 
     void savesThatFailAreTold()

@@ -1,15 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "support/testsettings.h"
 #include "views/diagramdrawing.h"
 #include "views/diagramview.h"
 #include "views/drawingfile.h"
 #include "views/factormodel.h"
 #include "views/loadings.h"
+#include "views/viewtest.h"
 
 #include <QDateTime>
-#include <QTest>
 #include <QXmlStreamReader>
 
 #include <cmath>
@@ -58,16 +57,11 @@ QStringList textsOf(const DiagramDrawing& drawing)
 
 } // namespace
 
-class TestDiagramDrawing : public QObject
+class TestDiagramDrawing : public ViewTest
 {
     Q_OBJECT
 
-private:
-    TestSettings m_settings;
-
 private slots:
-    void init() { m_settings.clear(); }
-
     void circlesStandWhereThePageShowsThem()
     {
         factorModel model(loadings(), 3, nullptr);

@@ -4,11 +4,11 @@
 #include "support/datarows.h"
 #include "support/dialogscript.h"
 #include "support/samplefile.h"
-#include "support/testsettings.h"
 #include "views/diagramgeometry.h"
 #include "views/factorform.h"
 #include "views/fakesession.h"
 #include "views/loadings.h"
+#include "views/viewtest.h"
 #include "views/widgets.h"
 
 #include <QAction>
@@ -21,7 +21,6 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTabWidget>
-#include <QTest>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -56,12 +55,11 @@ const char* const exportButtons[] = {"ExportRotated", "pushButtonSaveScores", "I
 
 } // namespace
 
-class TestFactorForm : public QObject
+class TestFactorForm : public ViewTest
 {
     Q_OBJECT
 
 private:
-    TestSettings m_settings;
     DialogScript m_dialogs;
     QTemporaryDir m_folder;
     FakeSession m_session;
@@ -77,9 +75,8 @@ private:
 private slots:
     void init()
     {
-        m_settings.clear();
+        ViewTest::init();
         m_dialogs.takeRecord();
-        QTest::failOnWarning(QRegularExpression("No matching signal"));
     }
 
     void tabsDependOnWhatThereIs()
@@ -110,27 +107,21 @@ private slots:
         QCOMPARE(exported(page, "pushButtonSaveScores"), "   0.50 -10.12\n   0.00    inf\n");
     }
 
-    void zoomMakesRoomAtOnce()
+    void theZoomMakesRoomAtOnceAndFollowsKeysAndWheel()
     {
         Page page(&m_session);
         page.show();
-        auto* slider = page.findChild<QScrollBar*>("horizontalScrollBarZarnelSize");
-        QCOMPARE(slider->minimum(), 25);
-        QCOMPARE(slider->maximum(), 125);
+        auto* bar = page.findChild<QScrollBar*>("horizontalScrollBarZarnelSize");
+        QCOMPARE(bar->minimum(), 25);
+        QCOMPARE(bar->maximum(), 125);
         for (int size : {125, 25, 80}) {
-            slider->setValue(size);
+            bar->setValue(size);
             const QTableView* table = page.diagram();
             QVERIFY(table->rowHeight(3) >= 2 * 4 + size);
             QVERIFY(table->rowHeight(3) <= 2 * 4 + size + 30);
             const DiagramGeometry geometry{.size = size};
             QVERIFY(table->columnWidth(2) >= geometry.cellSize(1.0, 1.0).width());
         }
-    }
-
-    void keysAndWheelZoomAsTheThumbMoves()
-    {
-        Page page(&m_session);
-        auto* bar = page.findChild<QScrollBar*>("horizontalScrollBarZarnelSize");
         const auto directionAfter = [bar](const auto& input) {
             bar->setValue(80);
             input();

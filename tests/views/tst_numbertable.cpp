@@ -1,15 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "support/testsettings.h"
 #include "views/loadings.h"
 #include "views/numbertable.h"
+#include "views/viewtest.h"
 #include "views/widgets.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <cmath>
 
@@ -35,16 +34,11 @@ struct Table
 
 } // namespace
 
-class TestNumberTable : public QObject
+class TestNumberTable : public ViewTest
 {
     Q_OBJECT
 
-private:
-    TestSettings m_settings;
-
 private slots:
-    void init() { m_settings.clear(); }
-
     void cellsKeepTheDecimalsOfTheFill()
     {
         Table table(matrixOf({{0.125, -0.125, -0.001}, {NAN, -NAN, -INFINITY}}));

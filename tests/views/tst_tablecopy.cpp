@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "support/testsettings.h"
 #include "views/factormodel.h"
 #include "views/loadings.h"
 #include "views/numbertable.h"
 #include "views/tablecopy.h"
+#include "views/viewtest.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,7 +13,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTableView>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
 
@@ -49,16 +48,11 @@ struct Table
 
 } // namespace
 
-class TestTableCopy : public QObject
+class TestTableCopy : public ViewTest
 {
     Q_OBJECT
 
-private:
-    TestSettings m_settings;
-
 private slots:
-    void init() { m_settings.clear(); }
-
     void everyWayTakesEverythingOrTheSelection()
     {
         const Table table;
@@ -67,6 +61,11 @@ private slots:
                                        "two words here\t4.00\tnan\t6.00\n"
                                        "x\t7.00\t0.10\t9.00\n");
         QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasHtml());
+        // All digits are those of the numbers, not of their texts.
+        QCOMPARE(table.copied("Copy with all digits"), "\tA\tB\tC\n"
+                                                       "x\t1\t-0.125\t0.0000001\n"
+                                                       "two words here\t4\tnan\t6\n"
+                                                       "x\t7\t0.1\t9\n");
         for (int i : {0, 2})
             table.view.selectionModel()->select(table.model.index(i, i),
                                                 QItemSelectionModel::Select);
@@ -77,15 +76,6 @@ private slots:
         QVERIFY(table.copied("Copy as Markdown").contains("| x | 1.00 |  |\n"));
         QVERIFY(table.copied("Copy as LaTeX").contains("x &  & 9.00 \\\\\n"));
         QVERIFY(copiedGrid(QTableView(), CopiedDigits::AsShown).rowHeadings.isEmpty());
-    }
-
-    void allDigitsAreThoseOfTheNumbers()
-    {
-        const Table table;
-        QCOMPARE(table.copied("Copy with all digits"), "\tA\tB\tC\n"
-                                                       "x\t1\t-0.125\t0.0000001\n"
-                                                       "two words here\t4\tnan\t6\n"
-                                                       "x\t7\t0.1\t9\n");
     }
 
     void aDiagramGivesItsSummariesToo()
@@ -102,7 +92,7 @@ private slots:
         QVERIFY2(exact.endsWith("\t0.5\t-0.3333333333333333\n"), qPrintable(exact));
     }
 
-    void theKeyCopies()
+    void theKeyCopiesAndTheRightButtonSelectsNothing()
     {
         Table table;
         QCOMPARE(table.view.actions().value(0)->text(), "Copy");
@@ -111,12 +101,6 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&table.view));
         QTest::keyClick(&table.view, Qt::Key_Insert, Qt::ControlModifier);
         QVERIFY(QGuiApplication::clipboard()->text().startsWith("\tA\tB\tC\nx\t1.00"));
-    }
-
-    void theRightButtonSelectsNothing()
-    {
-        Table table;
-        table.view.show();
         QWidget* viewport = table.view.viewport();
         const auto middleOf = [&](int row, int column) {
             return table.view.visualRect(table.model.index(row, column)).center();

@@ -1,17 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-#include "support/testsettings.h"
 #include "views/diagramgeometry.h"
 #include "views/diagramview.h"
 #include "views/factormodel.h"
 #include "views/loadings.h"
+#include "views/viewtest.h"
 #include "views/zarneldelegate.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QTableView>
-#include <QTest>
 
 #include <climits>
 #include <cmath>
@@ -55,21 +54,17 @@ bool isBlank(const QImage& image)
 
 } // namespace
 
-class TestZarnelDelegate : public QObject
+class TestZarnelDelegate : public ViewTest
 {
     Q_OBJECT
 
-private:
-    TestSettings m_settings;
-
 private slots:
-    void init() { m_settings.clear(); }
-
     void fontGrowsWithTheDiagram()
     {
-        const int sizesAndPoints[][2] = {{25, 7}, {45, 8}, {50, 8}, {125, 20}};
-        for (const auto& [size, points] : sizesAndPoints)
-            QCOMPARE(DiagramGeometry{.size = size}.fontSize(), points);
+        QCOMPARE(DiagramGeometry{.size = 25}.fontSize(), 7);
+        QCOMPARE(DiagramGeometry{.size = 45}.fontSize(), 8);
+        QCOMPARE(DiagramGeometry{.size = 50}.fontSize(), 8);
+        QCOMPARE(DiagramGeometry{.size = 125}.fontSize(), 20);
     }
 
     void circlesAreCentredInTheBoxOfTheLargest()
@@ -111,8 +106,8 @@ private slots:
         m_settings.clear();
         QCOMPARE(hint(delegate, model, 1, 1), QSize(20 + 4 + 8 + 5 + 50, 40 + 50));
         QCOMPARE(hint(delegate, model, 1, 2), QSize(20 + 4 + 8 + 5 + 12, 40 + 50));
-        for (const auto& [row, column] : {std::pair(0, 0), {0, 1}, {1, 0}})
-            QCOMPARE(hint(delegate, model, row, column), QSize(1, 1));
+        for (const auto& summary : {model.index(0, 0), model.index(0, 1), model.index(1, 0)})
+            QCOMPARE(delegate.sizeHint({}, summary), QSize(1, 1));
     }
 
     void hintsFollowTheModelAfterAPaint()
