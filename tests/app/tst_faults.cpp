@@ -182,16 +182,15 @@ private slots:
 
     void aSessionMayEndUnderItsOwnDialog_data()
     {
-        QTest::addColumn<QString>("target"); // "" is the session's own input
-        QTest::addColumn<bool>("underAQuestion");
-        QTest::addColumn<bool>("withWindow");
-        QTest::addRow("a new file") << "new" << false << false;
-        QTest::addRow("an old file") << "old" << false << false;
-        QTest::addRow("the question of the dialog") << "old" << true << false;
-        QTest::addRow("the question about the input") << "" << true << false;
-        // The toolkit's question, a part of its dialog, does not bear the end of the window.
-        QTest::addRow("an old file, with the window") << "old" << false << true;
-        QTest::addRow("the question about the input, with the window") << "" << true << true;
+        // Without a target: the session's own input.
+        const DataRows<QString, bool, bool> row("target", "underAQuestion", "withWindow");
+        row("a new file", "new", false, false);
+        row("an old file", "old", false, false);
+        row("the question of the dialog", "old", true, false);
+        row("the question about the input", "", true, false);
+        // Not the dialog's own question: the toolkit's dialog cannot be deleted under it.
+        row("an old file, with the window", "old", false, true);
+        row("the question about the input, with the window", "", true, true);
     }
 
     void aSessionMayEndUnderItsOwnDialog()
@@ -223,7 +222,7 @@ private slots:
             QMetaObject::invokeMethod(dialog, "accept");
         };
         openSession(file.path());
-        // One road for all: what is true of the dialog is true of the questions.
+        // The questions are asked by the code that all exports share: one button stands for all.
         const auto count = target == "old" && !underAQuestion && !withWindow ? buttons().size() : 1;
         for (int i = 0; i < count; ++i) {
             if (i > 0)

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// So many cases of so many variables that have something in common.
+/// Cases of variables with one common factor.
 QByteArray cases(int count, int variables)
 {
     QRandomGenerator random(5);

@@ -29,7 +29,8 @@ private slots:
         TestSettings settings;
         settings.set(QStringLiteral("ShowSplash"), false);
         DialogScript dialogs;
-        // Fires until it does so in the event loop itself, but not while the boxes stand.
+        // Fires again and again, since exit() has no effect before the event loop runs, but not
+        // while the boxes stand.
         QTimer report;
         bool reported = false;
         connect(&report, &QTimer::timeout, qApp, [&] {
@@ -55,7 +56,7 @@ private slots:
                 settings.set(QStringLiteral("ShowSplash"), false);
             bool hasIcon = false;
             bool splashLeft = true;
-            // Fires until it does so in the event loop itself and not in a round before it.
+            // Fires again and again, since exit() has no effect before the event loop runs.
             QTimer inspect;
             connect(&inspect, &QTimer::timeout, qApp, [&] {
                 splashLeft = false;

@@ -109,7 +109,7 @@ private slots:
         program.start(QStringLiteral(PELMORA_PROGRAM), {});
         QVERIFY(program.waitForStarted());
 
-        // It stands for three seconds. A picture that comes only when it goes is none.
+        // It stands for three seconds. A picture that is painted only at the end is not seen.
         QElapsedTimer seen;
         const bool stood = QTest::qWaitFor(
             [&] {

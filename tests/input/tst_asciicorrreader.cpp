@@ -15,7 +15,7 @@ class TestAsciiCorrReader : public QObject
     Q_OBJECT
 
 private slots:
-    /// Without completed lines there is no number for each place of the matrix.
+    /// Files of rows without completed lines leave places of the matrix without a number.
     void shapesAndCompletions_data()
     {
         const DataRows<QByteArray, int, QString> rows("lines", "shape", "completed");

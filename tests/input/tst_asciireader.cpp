@@ -160,7 +160,7 @@ private slots:
         QVERIFY(buffer.next());
         const auto first = buffer.end() - buffer.begin();
         QVERIFY(QFile::resize(input.path(), 100));
-        // The piece of a line that was read along with the first run is all that is left.
+        // Only the piece of a line is left that was read along with the first lines.
         QVERIFY(buffer.next());
         QVERIFY(buffer.end() - buffer.begin() < 6 && first > 100);
         QVERIFY(!buffer.next());

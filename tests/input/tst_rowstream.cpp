@@ -93,7 +93,7 @@ private slots:
             AsciiData data;
             const bool loaded = loadDataMatrix(sample.path(), data);
             QStringList messages = record.takeRecord();
-            // A table without numbers is whatever comes after it.
+            // Whether no rows at all are a fault is for the caller of a stream to say.
             messages.removeAll(QStringLiteral("Error|Error in data matrix."));
 
             std::vector<Streamed> all = {wholeFile(sample.path())};

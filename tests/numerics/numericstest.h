@@ -123,7 +123,7 @@ struct Eigenpairs : Decomposition
         pelmora::sort_eigenpairs(d.data(), v.rowPointers(), v.rows());
     }
 
-    /// All of them and, behind, the column of zeros that the rotation of all needs.
+    /// All columns, then the column of zeros that a rotation of all factors reads.
     Matrix initialLoadings() const
     {
         Matrix l = filled(v.rows(), v.rows() + 1, 0.0);
@@ -132,8 +132,8 @@ struct Eigenpairs : Decomposition
     }
 };
 
-/// Loadings on their way through a rotation, and a companion that begins as their first m columns:
-/// it must remain so.
+/// Loadings that are rotated, and the first m of their columns in place of score coefficients:
+/// rotated alike, these stay equal to the loadings.
 struct Rotation
 {
     Rotation(const Matrix& loadings, int factors)

@@ -11,7 +11,7 @@ using namespace numericstest;
 
 namespace {
 
-/// The rotation without any way out: what it comes to within so many sweeps.
+/// A rotation by plain sweeps alone, which may repeat for ever; given up after so many.
 struct Unaided : Rotation
 {
     Unaided(const Matrix& loadings, int factors, int method, int mostSweeps)

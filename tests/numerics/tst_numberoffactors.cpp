@@ -40,7 +40,8 @@ void TestNumberOfFactors::agreesWithR()
     const MinimumAveragePartial map = minimumAveragePartial(s.r, s.d).value;
     QCOMPARE(s.difference("map2number", {double(map.bySquares)}), QByteArray());
     QCOMPARE(s.difference("map4number", {double(map.byFourthPowers)}), QByteArray());
-    // Of the boxes ten components leave 3e-7: seven digits more are the rounding of correlations.
+    // Ten components leave residuals of 3e-7 of the box problem: the rounding errors of its
+    // correlations weigh more there.
     const double tolerance = name == "box" ? 1e-8 : 1e-10;
     QCOMPARE(s.difference("map2", map.squares, tolerance), QByteArray());
     QCOMPARE(s.difference("map4", map.fourthPowers, tolerance), QByteArray());
@@ -114,7 +115,7 @@ void TestNumberOfFactors::parallelAnalysisTakesEveryNumberOfCases()
             QVERIFY(random->quantile95[j] >= random->mean[j] - 1e-12);
         }
         QCOMPARE(difference(sum, 6.0, 1e-12), QString());
-        // As many dimensions as the cases leave.
+        // The rank is at most the number of cases less 1.
         QCOMPARE(random->mean[5] > 1e-10, cases > 6);
     }
 }
@@ -176,7 +177,7 @@ void TestNumberOfFactors::partialCorrelationsEndWhereNothingIsLeft()
     const MinimumAveragePartial none = minimumAveragePartial(identity.r, identity.d).value;
     QCOMPARE(none.squares.size(), 1);
     QCOMPARE(none.bySquares, 0);
-    // One component takes two equal variables away.
+    // Without the first component nothing is left of two equal variables.
     const Sample doubled(fromRows({{1, 1, 0}, {1, 1, 0}, {0, 0, 1}}));
     QCOMPARE(minimumAveragePartial(doubled.r, doubled.d).value.fourthPowers.size(), 1);
     const Sample indefinite(fromRows(faultyMatrices()[4].rows));

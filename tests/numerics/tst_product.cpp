@@ -27,7 +27,7 @@ void TestProduct::equalsThePlainFormToTheBit_data()
     QTest::addColumn<int>("rows");
     QTest::addColumn<int>("terms");
     QTest::addColumn<int>("columns");
-    // Tiles are 8 rows high and 4 columns wide. A sum of nothing is 0.
+    // Tiles are 8 rows high and 4 columns wide. An empty sum is 0.
     const std::vector<std::array<int, 3>> shapes{{1, 1, 1},  {3, 0, 3},    {8, 3, 4},   {9, 1, 5},
                                                  {7, 20, 3}, {33, 17, 10}, {100, 12, 2}};
     for (const auto& [rows, terms, columns] : shapes)

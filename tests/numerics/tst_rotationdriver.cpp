@@ -12,7 +12,8 @@ using namespace pelmora;
 
 namespace {
 
-/// The more, the better. Plain sweeps reach what a test says; three improving ones add 1 each.
+/// A criterion that is to be maximised. Plain sweeps reach what a test says; the first three
+/// improving sweeps add 1 each.
 struct ScriptedSweeps
 {
     std::function<double(int)> plainTotal;
@@ -31,7 +32,7 @@ struct ScriptedSweeps
 ScriptedSweeps driven(std::function<double(int)> plainTotal)
 {
     ScriptedSweeps sweeps{std::move(plainTotal)};
-    // So many factors and variables that the bound is the lowest there is.
+    // The bound of sweeps is lowest for many factors and variables.
     driveRotation(sweeps, 200, 600);
     return sweeps;
 }

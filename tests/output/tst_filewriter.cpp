@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "output/filewriter.h"
+#include "support/datarows.h"
 #include "support/fullfiles.h"
 #include "support/samplefile.h"
 
@@ -86,25 +87,15 @@ private slots:
 
     void aFailureLeavesTheOldFile_data()
     {
-        using Write = std::function<void(std::ostream&)>;
-        QTest::addColumn<Write>("write");
-        QTest::addColumn<int>("step");
-        QTest::addColumn<QString>("reason");
-        const auto addRow = [](const char* name, const Write& write, WriteFailure::Step step,
-                               const char* reason) {
-            QTest::newRow(name) << write << int(step) << reason;
-        };
-        using Step = WriteFailure::Step;
-        addRow("full while writing", writeMuch, Step::Writing, "File too large");
-        addRow(
-            "full at the end", [](std::ostream& out) { out << std::string(2000, 'x'); },
-            Step::Writing, "File too large");
-        addRow(
-            "no content", [](std::ostream&) { throw std::runtime_error("no numbers"); },
-            Step::Content, "no numbers");
-        addRow(
-            "no memory", [](std::ostream&) { throw std::bad_alloc(); }, Step::Content,
-            "Not enough memory.");
+        const DataRows<std::function<void(std::ostream&)>, int, QString> row("write", "step",
+                                                                             "reason");
+        const auto writeSome = [](std::ostream& out) { out << std::string(2000, 'x'); };
+        const auto noNumbers = [](std::ostream&) { throw std::runtime_error("no numbers"); };
+        const auto noMemory = [](std::ostream&) { throw std::bad_alloc(); };
+        row("full while writing", writeMuch, int(WriteFailure::Step::Writing), "File too large");
+        row("full at the end", writeSome, int(WriteFailure::Step::Writing), "File too large");
+        row("no content", noNumbers, int(WriteFailure::Step::Content), "no numbers");
+        row("no memory", noMemory, int(WriteFailure::Step::Content), "Not enough memory.");
     }
 
     void aFailureLeavesTheOldFile()
@@ -125,19 +116,16 @@ private slots:
 
     void whatCannotBeOpenedIsToldInTheSystemsWords()
     {
-        for (const auto& [path, reason] :
-             {std::pair(place("no/file.dat"), "No such file or directory"),
-              {m_folder->path(), "Is a directory"}}) {
+        const auto told = [](const QString& path) {
             const auto failure = writeFile(path, writeNew);
-            QVERIFY(failure && failure->step == WriteFailure::Step::Opening);
-            QCOMPARE(failure->reason, reason);
-        }
+            return failure && failure->step == WriteFailure::Step::Opening ? failure->reason : "";
+        };
+        QCOMPARE(told(place("no/file.dat")), "No such file or directory");
+        QCOMPARE(told(m_folder->path()), "Is a directory");
         QVERIFY(QFile::setPermissions(m_old, QFile::Permissions(0x4444)));
         QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7777)));
         const OrdinaryUser user;
-        const auto failure = writeFile(m_old, writeNew);
-        QVERIFY(failure && failure->step == WriteFailure::Step::Opening);
-        QCOMPARE(failure->reason, "Permission denied");
+        QCOMPARE(told(m_old), "Permission denied");
         QCOMPARE(contentsOf(m_old), "old\n");
     }
 
@@ -169,7 +157,7 @@ private slots:
         QCOMPARE(contentsOf(place("not yet.dat")), "new\n");
     }
 
-    /// For root neither.
+    /// Root, who could replace a pipe or a device, must not either.
     void whatIsNoRegularFileIsNeverReplaced()
     {
         const std::string pipe = place("pipe").toStdString();
@@ -185,7 +173,8 @@ private slots:
         struct stat after;
         QVERIFY(stat(pipe.c_str(), &after) == 0 && S_ISFIFO(after.st_mode));
 
-        // Where the standard output leads into a file, the process would go on with the old one.
+        // Where the standard output leads into a file, the process goes on writing to that very
+        // file.
         const std::string old = m_old.toStdString();
         struct stat before;
         const int output = open(old.c_str(), O_WRONLY);
