@@ -8,12 +8,10 @@
 #include "numerics/jacobi.h"
 
 #include "numerics/errorreport.h"
-#include "numerics/kernels/alignedrows.h"
 #include "numerics/kernels/jacobisweeps.h"
 #include "numerics/kernels/nan.h"
 #include "numerics/owners.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -23,46 +21,60 @@ namespace pelmora {
 namespace {
 
 /// From this order on the blocked sweep is the faster one.
-constexpr int blockedOrder = 80;
+constexpr int blockedOrder = 230;
 constexpr int sweepLimit = 500;
 
 /// Only the upper triangle of a is read. The vectors start as its diagonal, on purpose.
-void start(JacobiState& state, const double* const* a, double* b)
+template <typename Sweeper>
+void start(Sweeper& sweeper, const double* const* a, const JacobiState& state, double* b)
 {
     for (int i = 0; i < state.n; ++i) {
         for (int j = i + 1; j < state.n; ++j)
-            state.matrix[i][j] = state.matrix[j][i] = a[i][j];
-        state.vectors[i][i] = b[i] = state.d[i] = a[i][i];
+            sweeper.element(i, j) = sweeper.element(j, i) = a[i][j];
+        sweeper.vectorElement(i, i) = b[i] = state.d[i] = a[i][i];
         state.z[i] = 0.0;
     }
 }
 
 /// Copies back what a sweep in place would have left above the diagonal, and the vectors as
 /// columns.
-void finish(const JacobiState& state, double** a, double** v)
+template <typename Sweeper>
+void finish(Sweeper& sweeper, int n, double** a, double** v)
 {
-    for (int i = 0; i < state.n; ++i) {
-        std::copy_n(state.matrix[i] + i + 1, state.n - i - 1, a[i] + i + 1);
-        for (int j = 0; j < state.n; ++j)
-            v[j][i] = state.vectors[i][j];
+    for (int i = 0; i < n; ++i) {
+        for (int j = i + 1; j < n; ++j)
+            a[i][j] = sweeper.element(i, j);
+        for (int j = 0; j < n; ++j)
+            v[j][i] = sweeper.vectorElement(i, j);
     }
+}
+
+/// The sum of the absolute values above the diagonal.
+template <typename Sweeper>
+double offDiagonalSum(Sweeper& sweeper, int n)
+{
+    double sum = 0.0;
+    for (int i = 0; i < n - 1; ++i)
+        for (int j = i + 1; j < n; ++j)
+            sum += std::fabs(sweeper.element(i, j));
+    return sum;
 }
 
 enum class Outcome { Converged, NotConverged, Cancelled };
 
 /// Sweeps until all elements above the diagonal are 0.
-template <typename Sweep>
-Outcome iterate(JacobiState& state, double* b, Sweep sweep)
+template <typename Sweeper>
+Outcome iterate(Sweeper& sweeper, JacobiState& state, double* b)
 {
     const int n = state.n;
     while (++state.sweep < sweepLimit) {
-        const double sum = offDiagonalSum(state.matrix, n);
+        const double sum = offDiagonalSum(sweeper, n);
         if (sum == 0.0)
             return Outcome::Converged;
         state.meter.progress().sweep = state.sweep;
         state.threshold = state.sweep < 4 ? 0.02 * sum / double(std::int64_t(n) * n) : 0.0;
         const int rotations = state.rotations;
-        if (!sweep(state))
+        if (!sweeper.sweep(state))
             return Outcome::Cancelled;
         for (int i = 0; i < n; ++i) {
             b[i] += state.z[i];
@@ -72,53 +84,37 @@ Outcome iterate(JacobiState& state, double* b, Sweep sweep)
         // A late sweep without a rotation leaves zeros and NaN alone: all later ones would find the
         // same. With NaN among many variables they would take very long to find it.
         if (state.sweep > 4 && state.rotations == rotations)
-            return offDiagonalSum(state.matrix, n) == 0.0 ? Outcome::Converged
-                                                          : Outcome::NotConverged;
+            return offDiagonalSum(sweeper, n) == 0.0 ? Outcome::Converged : Outcome::NotConverged;
     }
     return Outcome::NotConverged;
 }
 
-/// A small matrix is done with before anybody could ask; only many sweeps take their time.
-bool sweepSmall(JacobiState& state)
-{
-    const int rotations = state.rotations;
-    sweepByRows(state);
-    return state.meter.goOnAfter(3.0 * (state.rotations - rotations) * state.n);
-}
-
-} // namespace
-
-double offDiagonalSum(const AlignedRows& matrix, int n)
-{
-    double sum = 0.0;
-    for (int i = 0; i < n - 1; ++i)
-        for (int j = i + 1; j < n; ++j)
-            sum += std::fabs(matrix[i][j]);
-    return sum;
-}
-
-int jacobi(double** a, int n, double* d, double** v)
+template <typename Sweeper>
+int decompose(double** a, int n, double* d, double** v)
 {
     Vector b(n);
     Vector z(n);
-    AlignedRows matrix(AlignedRows::padded(n), n);
-    AlignedRows vectors(n, n);
-    const bool blocked = n >= blockedOrder;
-    JacobiBlockSweeper blockSweeper(blocked ? n : 0);
-    if (b.isNull() || z.isNull() || matrix.isNull() || vectors.isNull() || blockSweeper.isNull()) {
+    Sweeper sweeper(n);
+    if (b.isNull() || z.isNull() || sweeper.isNull()) {
         fillWithNan(&d, 1, n);
         fillWithNan(v, n, n);
         return 0;
     }
-    JacobiState state{n, matrix, vectors, d, z.data()};
-    start(state, a, b.data());
-    const Outcome outcome =
-        blocked ? iterate(state, b.data(), [&](JacobiState& s) { return blockSweeper.sweep(s); })
-                : iterate(state, b.data(), sweepSmall);
-    finish(state, a, v);
+    JacobiState state{n, d, z.data()};
+    start(sweeper, a, state, b.data());
+    const Outcome outcome = iterate(sweeper, state, b.data());
+    finish(sweeper, n, a, v);
     if (outcome == Outcome::NotConverged)
         reportError("Error: no convergence in finding eigen values.");
     return state.rotations;
+}
+
+} // namespace
+
+int jacobi(double** a, int n, double* d, double** v)
+{
+    return n < blockedOrder ? decompose<JacobiRowSweeper>(a, n, d, v)
+                            : decompose<JacobiBlockSweeper>(a, n, d, v);
 }
 
 void sort_eigenpairs(double* d, double** v, int n)

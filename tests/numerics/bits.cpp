@@ -86,7 +86,7 @@ int main()
     for (int variables = 3; variables <= 30; variables += 3)
         for (int flag : {0, 1})
             analyse(140 - variables, variables, 2 + variables / 5, flag, hashes);
-    analyse(200, 103, 9, 0, hashes);
+    analyse(300, 250, 9, 0, hashes);
     hashes.correlate.print("correlate");
     hashes.jacobi.print("jacobi");
     hashes.rotate.print("rotate");

@@ -50,7 +50,7 @@ private slots:
 void TestProgress::askingChangesNoBit()
 {
     Random random(1);
-    Matrix data = survey(3000, 90, random);
+    Matrix data = survey(3000, 240, random);
     Matrix sameData = data.clone();
     const Matrix correlations = correlationsOf(data);
     const Eigenpairs pairs(correlations.clone());
@@ -103,7 +103,7 @@ void TestProgress::cancelledRotationsLeaveTheirMatrices()
 void TestProgress::cancelledEigenvaluesEndSoon()
 {
     Random random(4);
-    for (const int variables : {60, 200}) {
+    for (const int variables : {60, 240}) {
         Matrix data = survey(600, variables, random);
         const Matrix correlations = correlationsOf(data);
         const int needed = Decomposition(correlations.clone()).rotations;

@@ -1,236 +1,325 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The blocked sweep for large matrices, which saves memory traffic. The rotations of row ip against
-// a block of eight rows are computed first, from the 8 x 8 diagonal block and its part of row ip.
-// They are then applied strip by strip: a strip of row ip stays in registers while the eight rows
-// stream past it, one load and one store each. The mirrored columns are written by blocks too, a
-// cache line per row, and only below ip: the part above is not read before the sweep ends and is
-// copied then. Rotations never read eigenvectors, so those of eight successive ip are buffered and
-// applied to one strip after another while it is in the cache.
+// The sweep for large matrices. Rotation by rotation, each ip would fetch the whole matrix once;
+// here sixteen ip, a panel, share a fetch. Only the lower triangle is worked on. Of the rotations
+// of one ip, an element (q, r) outside the panel, r < q, takes part in two:
+//
+//     (ip, r) pairs it with (q, ip): row q is carried along through the rotations found before;
+//     (ip, q) pairs it with (ip, r): row q is rotated with row ip.
+//
+// What finds (ip, q) is element (q, ip) when it has been carried along as far as q. So a block of
+// rows can take all ip of a panel, one after the other, before the next block takes the first:
+// every element still takes part in its rotations in their order, and the bits are the same. A row
+// of the panel is kept whole: its part beyond the diagonal stands for the column of ip.
+//
+// Two things wait until all rotations of the panel are known, since none is found from them: the
+// columns left of the panel and the eigenvectors, of which rows are rotated and no more, and the
+// panel's own columns, which the later ip of the panel change after the earlier ones.
 
 #include "numerics/kernels/jacobisweeps.h"
+#include "numerics/kernels/panelrotations.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace pelmora {
 
 namespace {
 
-constexpr int blockSize = 8;
-constexpr int stripLength = 32;
-constexpr int bufferSize = 8;
+constexpr int panelSize = PanelRotations::size;
+constexpr int tileWidth = ColumnStrips::width;
+static_assert(panelSize == tileWidth);
 
-/// A rotation of row ip and row iq.
-struct RowRotation
-{
-    PlaneRotation rotation;
-    std::int64_t iq;
-};
-static_assert(sizeof(RowRotation) == 3 * sizeof(double));
+/// Enough rows for their dependency chains to fill the wait for each other.
+constexpr int maximalBlock = 2 * panelSize;
 
-/// The rows that a rotation concerns, from some column on.
-struct Strip
-{
-    double* ipRow;
-    double* firstRow;
-    std::ptrdiff_t stride;
-};
-
-/// The rows are more streams than the hardware prefetcher follows, so each prefetches its part of
-/// the next strip. Prefetching beyond the last row does no harm.
-template <typename Lanes, int Vectors>
-PELMORA_ALWAYS_INLINE void rotateStrip(const Strip& strip, const RowRotation* rotations, int count)
-{
-    constexpr int vectorsPerLine = 64 / sizeof(Lanes);
-    constexpr int forWriting = 1;
-    Lanes x[std::size_t(Vectors)];
-    for (int i = 0; i < Vectors; ++i)
-        x[i] = lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values;
-    for (const RowRotation* next = rotations; next != rotations + count; ++next) {
-        const PlaneRotation rotation = next->rotation;
-        double* y = strip.firstRow + next->iq * strip.stride;
-        for (int i = 0; i < Vectors; ++i) {
-            if (i % vectorsPerLine == 0)
-                __builtin_prefetch(y + (Vectors + i) * laneCount<Lanes>, forWriting);
-            rotatePairs(x[i], y + i * laneCount<Lanes>, rotation);
-        }
-    }
-    for (int i = 0; i < Vectors; ++i)
-        lanesAt<Lanes>(strip.ipRow + i * laneCount<Lanes>).values = x[i];
-}
-
-/// Applies rotations, in their order, to the columns from @p first up to @p end (multiples of
-/// eight).
-struct RotateStrips
-{
-    template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int ip, const RowRotation* rotations,
-                                          int count, int first, int end)
-    {
-        constexpr int length = 8 * laneCount<Lanes>;
-        Strip strip{rows[ip] + first, rows[0] + first, rows.stride()};
-        int left = end - first;
-        for (; left >= length; left -= length) {
-            rotateStrip<Lanes, 8>(strip, rotations, count);
-            strip.ipRow += length;
-            strip.firstRow += length;
-        }
-        rotateRest<Lanes>(strip, left / laneCount<Lanes>, rotations, count);
-    }
-
-    template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void rotateRest(const Strip& strip, int vectors,
-                                                 const RowRotation* rotations, int count)
-    {
-        if (vectors == 6)
-            rotateStrip<Lanes, 6>(strip, rotations, count);
-        else if (vectors == 4)
-            rotateStrip<Lanes, 4>(strip, rotations, count);
-        else if (vectors == 2)
-            rotateStrip<Lanes, 2>(strip, rotations, count);
-    }
-};
-
-/// Writes the transpose of as many rows as there are lanes.
-template <typename Lanes>
-PELMORA_ALWAYS_INLINE void writeTransposed(const double* from, double* to, std::ptrdiff_t stride)
-{
-    Lanes square[laneCount<Lanes>];
-    for (int i = 0; i < laneCount<Lanes>; ++i)
-        square[i] = lanesAt<Lanes>(from + i * stride).values;
-    transpose(square);
-    for (int i = 0; i < laneCount<Lanes>; ++i)
-        lanesAt<Lanes>(to + i * stride).values = square[i];
-}
-
-/// Copies the eight rows of a block, from column @p first up to @p end, into the columns that
-/// mirror them.
-struct MirrorBlock
-{
-    template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(AlignedRows& rows, int block, int first, int end)
-    {
-        for (int column = first; column < end; column += laneCount<Lanes>)
-            for (int row = block; row < block + blockSize; row += laneCount<Lanes>)
-                writeTransposed<Lanes>(rows[row] + column, rows[column] + row, rows.stride());
-    }
-};
-
-/// The diagonal block, and its part of row ip.
+/// Rows and columns of a block, both triangles; and rows of it in column ip.
 struct DiagonalBlock
 {
-    double x[blockSize];
-    double y[blockSize][blockSize];
+    double x[maximalBlock];
+    double y[maximalBlock][maximalBlock];
 };
 
-void fetchDiagonalBlock(AlignedRows& rows, int ip, int block, DiagonalBlock& diagonal)
+/// The rows from @p first on.
+struct Block
 {
-    std::copy_n(rows[ip] + block, blockSize, diagonal.x);
-    for (int i = 0; i < blockSize; ++i)
-        std::copy_n(rows[block + i] + block, blockSize, diagonal.y[i]);
+    int first;
+    int size; ///< panelSize or maximalBlock
+};
+
+void fetchDiagonal(ColumnStrips& matrix, Block block, DiagonalBlock& diagonal)
+{
+    for (int i = 0; i < block.size; ++i)
+        for (int j = 0; j <= i; ++j)
+            diagonal.y[i][j] = diagonal.y[j][i] = *matrix.at(block.first + i, block.first + j);
 }
 
-/// Finds the rotations of ip with the rows from @p first up to @p end, all in one block, and
-/// applies them to the diagonal block alone.
-int findRotations(JacobiState& state, int ip, int block, int first, int end,
-                  DiagonalBlock& diagonal, RowRotation* rotations)
+void putDiagonalBack(const DiagonalBlock& diagonal, Block block, ColumnStrips& matrix)
 {
-    int count = 0;
-    for (int iq = first; iq < end; ++iq) {
-        const int q = iq - block;
-        const double g = diagonal.x[q];
-        if (isDropped(state, g, ip, iq)) {
-            diagonal.x[q] = 0.0;
-        } else if (std::fabs(g) > state.threshold) {
-            const PlaneRotation rotation = startRotation(state, g, ip, iq);
-            for (int j = 0; j < blockSize; ++j)
-                rotatePair(diagonal.x[j], diagonal.y[q][j], rotation);
-            diagonal.x[q] = diagonal.y[q][q] = 0.0;
-            for (int j = 0; j < blockSize; ++j)
-                diagonal.y[j][q] = diagonal.y[q][j];
-            rotations[count++] = {rotation, iq};
+    for (int i = 0; i < block.size; ++i)
+        for (int j = 0; j < block.size; j += tileWidth)
+            std::copy_n(diagonal.y[i] + j, tileWidth, matrix.at(block.first + i, block.first + j));
+}
+
+/// Squares of a tile, rows as lanes.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void fetchTransposed(const double* from, Lanes (&square)[laneCount<Lanes>])
+{
+    for (int i = 0; i < laneCount<Lanes>; ++i)
+        square[i] = lanesAt<Lanes>(from + i * tileWidth).values;
+    transpose(square);
+}
+
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void putTransposed(Lanes (&square)[laneCount<Lanes>], double* to)
+{
+    transpose(square);
+    for (int i = 0; i < laneCount<Lanes>; ++i)
+        lanesAt<Lanes>(to + i * tileWidth).values = square[i];
+}
+
+/// Rotates pairs where @p present; elsewhere they keep every bit.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void rotateWhere(bool present, Lanes& g, Lanes& h, PlaneRotation r)
+{
+    typedef std::int64_t Mask __attribute__((vector_size(sizeof(Lanes))));
+    const Mask mask = Mask{} - std::int64_t(present);
+    Lanes newG = g;
+    Lanes newH = h;
+    rotatePair(newG, newH, r);
+    g = mask ? newG : g;
+    h = mask ? newH : h;
+}
+
+/// Carries rows along through as many rotations as there are lanes.
+/// @param x     the rows' elements in column ip
+/// @param tile  their elements in the columns of the rotations
+/// @param r     the rotations, a column's each
+struct CarryAlong
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void all(double* x, double* tile, int rows, const PlaneRotation* r)
+    {
+        constexpr int lanes = laneCount<Lanes>;
+        for (int row = 0; row < rows; row += 2 * lanes) {
+            double* other = tile + lanes * tileWidth;
+            Lanes g = lanesAt<Lanes>(x + row).values;
+            Lanes otherG = lanesAt<Lanes>(x + row + lanes).values;
+            Lanes h[laneCount<Lanes>];
+            Lanes otherH[laneCount<Lanes>];
+            fetchTransposed(tile, h);
+            fetchTransposed(other, otherH);
+            for (int i = 0; i < lanes; ++i) {
+                const PlaneRotation rotation = r[i];
+                rotatePair(g, h[i], rotation);
+                rotatePair(otherG, otherH[i], rotation);
+            }
+            lanesAt<Lanes>(x + row).values = g;
+            lanesAt<Lanes>(x + row + lanes).values = otherG;
+            putTransposed(h, tile);
+            putTransposed(otherH, other);
+            tile = other + lanes * tileWidth;
         }
     }
-    return count;
-}
 
-/// All rotations of ip with the rows of one block; returns their number.
-int sweepBlock(JacobiState& state, int ip, int block, RowRotation* rotations)
-{
-    AlignedRows& rows = state.matrix;
-    const int firstBlock = (ip + 1) / blockSize * blockSize;
-    const int width = AlignedRows::padded(state.n);
-    const int first = std::max(block, ip + 1);
-    const int end = std::min(block + blockSize, state.n);
-
-    DiagonalBlock diagonal;
-    fetchDiagonalBlock(rows, ip, block, diagonal);
-    const int count = findRotations(state, ip, block, first, end, diagonal, rotations);
-    if (count > 0) {
-        // Column ip, in which rotations leave zeros, is rotated like any other, and mirrored into
-        // row ip. No other column sees it; the lines below and mirrorRow() put both right.
-        runKernel<RotateStrips>(rows, ip, rotations, count, 0, width);
-        for (int iq = first; iq < block + blockSize; ++iq)
-            std::copy_n(diagonal.y[iq - block], blockSize, rows[iq] + block);
-        runKernel<MirrorBlock>(rows, block, firstBlock, block);
-        runKernel<MirrorBlock>(rows, block, block + blockSize, width);
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void some(double* x, double* tile, int rows,
+                                           const PlaneRotation* r,
+                                           const bool (&present)[laneCount<Lanes>])
+    {
+        constexpr int lanes = laneCount<Lanes>;
+        for (int row = 0; row < rows; row += lanes, tile += lanes * tileWidth) {
+            Lanes g = lanesAt<Lanes>(x + row).values;
+            Lanes h[laneCount<Lanes>];
+            fetchTransposed(tile, h);
+            for (int i = 0; i < lanes; ++i)
+                rotateWhere(present[i], g, h[i], r[i]);
+            lanesAt<Lanes>(x + row).values = g;
+            putTransposed(h, tile);
+        }
     }
-    std::copy_n(diagonal.x, blockSize, rows[ip] + block);
-    rows[ip][ip] = 0.0;
-    return count;
-}
 
-/// The rotations of several successive ip.
-struct BufferedRotations
-{
-    RowRotation* rotations[bufferSize];
-    int count[bufferSize];
-    int firstIp = 0;
-    int size = 0;
+    /// The columns of a tile, which begins with column @p first.
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(double* x, double* tile, int rows,
+                                          const PanelRotations& panel, int i, int first)
+    {
+        constexpr int lanes = laneCount<Lanes>;
+        for (int column = first; column < first + tileWidth; column += lanes, tile += lanes) {
+            bool present[laneCount<Lanes>];
+            int count = 0;
+            for (int k = 0; k < lanes; ++k)
+                count += present[k] = panel.has(i, column + k);
+            if (count == lanes)
+                all<Lanes>(x, tile, rows, panel.at(i, column));
+            else if (count > 0)
+                some<Lanes>(x, tile, rows, panel.at(i, column), present);
+        }
+    }
 };
 
-void rotateEigenvectors(JacobiState& state, BufferedRotations& buffered)
+/// Finds the rotations of all ip of a panel.
+struct SweepPanel
 {
-    const int width = AlignedRows::padded(state.n);
-    for (int column = 0; column < width; column += stripLength)
-        for (int i = 0; i < buffered.size; ++i)
-            runKernel<RotateStrips>(state.vectors, buffered.firstIp + i, buffered.rotations[i],
-                                    buffered.count[i], column,
-                                    std::min(column + stripLength, width));
-    buffered.firstIp += buffered.size;
-    buffered.size = 0;
-}
+    /// Those of ip with the rows of a block from row @p from on; applies them to the diagonal block
+    /// alone.
+    /// @param x            the elements in column ip, carried along up to the block
+    /// @param firstMirror  rows before it keep their columns
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void findRotations(JacobiState& state, PanelRotations& panel,
+                                                    int i, Block block, int from, int firstMirror,
+                                                    double* x, DiagonalBlock& diagonal)
+    {
+        const int ip = panel.first() + i;
+        const int rows = std::min(block.size, state.n - block.first);
+        for (int q = from; q < rows; ++q) {
+            const int iq = block.first + q;
+            const double g = x[q];
+            if (isDropped(state, g, ip, iq)) {
+                x[q] = 0.0;
+            } else if (std::fabs(g) > state.threshold) {
+                const PlaneRotation rotation = startRotation(state, g, ip, iq);
+                double* y = diagonal.y[q];
+                rotateRows<Lanes>(x, y, block.size, rotation);
+                x[q] = 0.0;
+                for (int j = firstMirror; j < block.size; ++j)
+                    diagonal.y[j][q] = y[j];
+                panel.add(i, iq, rotation);
+            }
+        }
+    }
+
+    /// The panel's own rows, in its own columns.
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void sweepOwnBlock(JacobiState& state, ColumnStrips& matrix,
+                                                    PanelRotations& panel)
+    {
+        const Block own{panel.first(), panelSize};
+        DiagonalBlock diagonal;
+        fetchDiagonal(matrix, own, diagonal);
+        for (int i = 0; i < panel.count(); ++i)
+            findRotations<Lanes>(state, panel, i, own, i + 1, i + 1, diagonal.y[i], diagonal);
+        putDiagonalBack(diagonal, own, matrix);
+    }
+
+    /// The elements of a block in column ip. The rotations of the ip before have not reached them
+    /// yet.
+    static void fetchColumn(ColumnStrips& matrix, const PanelRotations& panel, int i, Block block,
+                            double* x)
+    {
+        const int ip = panel.first() + i;
+        for (int q = 0; q < block.size; ++q)
+            x[q] = *matrix.at(block.first + q, ip);
+        if (i == 0)
+            return;
+        double last = *matrix.at(ip - 1, ip);
+        for (int q = 0; q < block.size; ++q)
+            if (panel.has(i - 1, block.first + q))
+                rotatePair(last, x[q], *panel.at(i - 1, block.first + q));
+    }
+
+    /// Rotates the rows of a block with the row of the ip before, and carries them along for ip.
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void passTiles(ColumnStrips& matrix, const PanelRotations& panel,
+                                                int i, Block block, double* x)
+    {
+        const int end = block.first + block.size;
+        for (int column = panel.first(); column < block.first;) {
+            const int next = std::min(column + 2 * tileWidth, block.first);
+            if (i > 0)
+                rotateTiles<Lanes>(matrix, panel, i - 1, block.first, end, column, next);
+            for (; column < next && i < panel.count(); column += tileWidth)
+                CarryAlong::run<Lanes>(x, matrix.at(block.first, column), block.size, panel, i,
+                                       column);
+            column = next;
+        }
+    }
+
+    /// The rows of a block below the panel, in the columns from the panel's on.
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void sweepBlock(JacobiState& state, ColumnStrips& matrix,
+                                                 PanelRotations& panel, Block block)
+    {
+        DiagonalBlock diagonal;
+        fetchDiagonal(matrix, block, diagonal);
+        for (int i = 0; i < panel.count(); ++i) {
+            fetchColumn(matrix, panel, i, block, diagonal.x);
+            passTiles<Lanes>(matrix, panel, i, block, diagonal.x);
+            findRotations<Lanes>(state, panel, i, block, 0, 0, diagonal.x, diagonal);
+            for (int j = 0; j < block.size; j += tileWidth)
+                std::copy_n(diagonal.x + j, tileWidth,
+                            matrix.at(panel.first() + i, block.first + j));
+        }
+        passTiles<Lanes>(matrix, panel, panel.count(), block, diagonal.x);
+        putDiagonalBack(diagonal, block, matrix);
+    }
+
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(JacobiState& state, ColumnStrips& matrix,
+                                          PanelRotations& panel)
+    {
+        sweepOwnBlock<Lanes>(state, matrix, panel);
+        for (int row = panel.first() + panelSize; row < state.n; row += maximalBlock)
+            sweepBlock<Lanes>(state, matrix, panel,
+                              {row, state.n - row > panelSize ? maximalBlock : panelSize});
+    }
+};
+
+/// Puts the panel's columns back below the diagonal, each when the ip before have changed it, and
+/// rotates them with the ip that follow it.
+struct FinishColumns
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(ColumnStrips& matrix, const PanelRotations& panel, int n)
+    {
+        const int first = panel.first();
+        const int end = std::min(first + panelSize, n);
+        // The rows themselves still hold columns beyond the diagonal.
+        double own[panelSize][panelSize] = {};
+        const auto row = [&](int q) { return q < end ? own[q - first] : matrix.at(q, first); };
+        for (int column = first; column < end; ++column) {
+            for (int q = column + 1; q < n; ++q)
+                row(q)[column - first] = *matrix.at(column, q);
+            const int i = column + 1 - first;
+            // The lanes beyond the column are overwritten later.
+            const int length = (i + laneCount<Lanes> - 1) / laneCount<Lanes> * laneCount<Lanes>;
+            for (int q = column + 2; q < n && i < panel.count(); ++q)
+                if (panel.has(i, q))
+                    rotateRows<Lanes>(own[i], row(q), length, *panel.at(i, q));
+        }
+        for (int i = 0; i < end - first; ++i)
+            std::copy_n(own[i], i, matrix.at(first + i, first));
+    }
+};
 
 } // namespace
 
 JacobiBlockSweeper::JacobiBlockSweeper(int n)
-    : m_rotations(bufferSize, n * int(sizeof(RowRotation) / sizeof(double)))
+    : m_matrix(n)
+    , m_vectors(n)
+    , m_rotations(PanelRotations::rows(), PanelRotations::length(n))
 {
 }
 
 bool JacobiBlockSweeper::sweep(JacobiState& state)
 {
-    constexpr double operationsPerElement = 1.5; // of both rows and eigenvectors
-    BufferedRotations buffered;
-    for (int i = 0; i < bufferSize; ++i)
-        buffered.rotations[i] = reinterpret_cast<RowRotation*>(m_rotations[i]);
-
-    for (int ip = 0; ip < state.n - 1; ++ip) {
-        RowRotation* rotations = buffered.rotations[buffered.size];
-        int count = 0;
-        for (int block = (ip + 1) / blockSize * blockSize; block < state.n; block += blockSize)
-            count += sweepBlock(state, ip, block, rotations + count);
-        mirrorRow(state, ip, ip + 1);
-        buffered.count[buffered.size++] = count;
-        if (buffered.size == bufferSize)
-            rotateEigenvectors(state, buffered);
-        if (!state.meter.goOnAfter(operationsPerElement * count * state.n))
+    constexpr double operationsPerElement = 1.5; // of both matrix and eigenvectors
+    const int n = state.n;
+    for (int first = 0; first < n; first += panelSize) {
+        const int rotations = state.rotations;
+        PanelRotations panel(m_rotations, n, first);
+        runKernel<SweepPanel>(state, m_matrix, panel);
+        runKernel<FinishColumns>(m_matrix, panel, n);
+        rotateColumns(m_matrix, panel, n, first);
+        rotateColumns(m_vectors, panel, n, n);
+        if (!state.meter.goOnAfter(operationsPerElement * (state.rotations - rotations) * n))
             return false;
     }
-    rotateEigenvectors(state, buffered);
-    mirrorLowerTriangle(state);
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < i; ++j)
+            *m_matrix.at(j, i) = *m_matrix.at(i, j);
     return true;
 }
 

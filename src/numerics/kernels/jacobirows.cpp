@@ -14,25 +14,34 @@ namespace pelmora {
 
 namespace {
 
-template <typename Lanes>
-PELMORA_ALWAYS_INLINE void rotateRows(double* x, double* y, int n, PlaneRotation r)
+/// Copies a row, from column @p first on, into the column that mirrors it.
+PELMORA_ALWAYS_INLINE void mirrorRow(AlignedRows& matrix, int n, int row, int first)
 {
-    for (int j = 0; j < n; j += laneCount<Lanes>) {
-        Lanes g = lanesAt<Lanes>(x + j).values;
-        rotatePairs(g, y + j, r);
-        lanesAt<Lanes>(x + j).values = g;
-    }
+    const double* from = matrix[row];
+    double* to = matrix[first] + row;
+    const std::ptrdiff_t stride = matrix.stride();
+    for (int j = first; j < n; ++j, to += stride)
+        *to = from[j];
+}
+
+/// Brings the upper triangle up to date at the end of a sweep.
+PELMORA_ALWAYS_INLINE void mirrorLowerTriangle(AlignedRows& matrix, int n)
+{
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < i; ++j)
+            matrix[j][i] = matrix[i][j];
 }
 
 struct SweepByRows
 {
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(JacobiState& state)
+    PELMORA_ALWAYS_INLINE static void run(JacobiState& state, AlignedRows& matrix,
+                                          AlignedRows& vectors)
     {
         const int n = state.n;
         for (int ip = 0; ip < n - 1; ++ip) {
-            double* x = state.matrix[ip];
-            double* v = state.vectors[ip];
+            double* x = matrix[ip];
+            double* v = vectors[ip];
             double* behind = nullptr;
             PlaneRotation last = {};
             for (int iq = ip + 1; iq < n; ++iq) {
@@ -43,27 +52,30 @@ struct SweepByRows
                     const PlaneRotation rotation = startRotation(state, g, ip, iq);
                     if (behind)
                         rotateRows<Lanes>(v, behind, n, last);
-                    double* y = state.matrix[iq];
+                    double* y = matrix[iq];
                     rotateRows<Lanes>(x, y, n, rotation);
                     x[ip] = x[iq] = y[ip] = y[iq] = 0.0;
-                    mirrorRow(state, iq, ip + 1);
-                    behind = state.vectors[iq];
+                    mirrorRow(matrix, n, iq, ip + 1);
+                    behind = vectors[iq];
                     last = rotation;
                 }
             }
             if (behind)
                 rotateRows<Lanes>(v, behind, n, last);
-            mirrorRow(state, ip, ip + 1);
+            mirrorRow(matrix, n, ip, ip + 1);
         }
-        mirrorLowerTriangle(state);
+        mirrorLowerTriangle(matrix, n);
     }
 };
 
 } // namespace
 
-void sweepByRows(JacobiState& state)
+/// A small matrix is done with before anybody could ask; only many sweeps take their time.
+bool JacobiRowSweeper::sweep(JacobiState& state)
 {
-    runKernel<SweepByRows>(state);
+    const int rotations = state.rotations;
+    runKernel<SweepByRows>(state, m_matrix, m_vectors);
+    return state.meter.goOnAfter(3.0 * (state.rotations - rotations) * state.n);
 }
 
 } // namespace pelmora

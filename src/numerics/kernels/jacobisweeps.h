@@ -4,6 +4,7 @@
 #pragma once
 
 #include "numerics/kernels/alignedrows.h"
+#include "numerics/kernels/columnstrips.h"
 #include "numerics/kernels/lanes.h"
 #include "numerics/progress.h"
 
@@ -18,22 +19,17 @@ struct PlaneRotation
     double tau; ///< s / (1 + c) with the cosine c
 };
 
-/// What the sweeps of the Jacobi method work on.
+/// What the sweeps of the Jacobi method know beside the matrix.
 struct JacobiState
 {
     int n;
-    AlignedRows& matrix;  ///< the whole symmetric matrix, its diagonal 0
-    AlignedRows& vectors; ///< row k is the eigenvector of d[k]
-    double* d;            ///< the diagonal
-    double* z;            ///< what the sweep adds to it
+    double* d; ///< the diagonal
+    double* z; ///< what the sweep adds to it
     int sweep = 0;
     double threshold = 0.0;
     int rotations = 0;
     ProgressMeter meter{{.work = Progress::Work::Eigenvalues}};
 };
-
-/// The sum of the absolute values above the diagonal.
-double offDiagonalSum(const AlignedRows& matrix, int n);
 
 /// True when adding x leaves y as it is.
 PELMORA_ALWAYS_INLINE bool isNegligible(double x, double y)
@@ -83,57 +79,72 @@ PELMORA_ALWAYS_INLINE PlaneRotation startRotation(JacobiState& state, double g, 
     return planeRotation(t);
 }
 
-/// Rotates a pair of elements.
-PELMORA_ALWAYS_INLINE void rotatePair(double& g, double& h, PlaneRotation r)
+/// Rotates a pair of elements, or pairs side by side.
+template <typename Elements>
+PELMORA_ALWAYS_INLINE void rotatePair(Elements& g, Elements& h, PlaneRotation r)
 {
-    const double g0 = g;
-    const double h0 = h;
+    const Elements g0 = g;
+    const Elements h0 = h;
     g = g0 - r.s * (h0 + g0 * r.tau);
     h = h0 + r.s * (g0 - h0 * r.tau);
 }
 
-/// Rotates pairs side by side, the second of each in memory.
+/// The same, the second of each pair in memory.
 template <typename Lanes>
 PELMORA_ALWAYS_INLINE void rotatePairs(Lanes& g, double* h, PlaneRotation r)
 {
-    const Lanes g0 = g;
-    const Lanes h0 = lanesAt<Lanes>(h).values;
-    g = g0 - r.s * (h0 + g0 * r.tau);
-    lanesAt<Lanes>(h).values = h0 + r.s * (g0 - h0 * r.tau);
+    Lanes inMemory = lanesAt<Lanes>(h).values;
+    rotatePair(g, inMemory, r);
+    lanesAt<Lanes>(h).values = inMemory;
 }
 
-/// Copies a row, from column @p first on, into the column that mirrors it.
-PELMORA_ALWAYS_INLINE void mirrorRow(JacobiState& state, int row, int first)
+/// The same for as many lanes as @p length has, both of each pair in memory.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void rotateRows(double* x, double* y, int length, PlaneRotation r)
 {
-    const double* from = state.matrix[row];
-    double* to = state.matrix[first] + row;
-    const std::ptrdiff_t stride = state.matrix.stride();
-    for (int j = first, n = state.n; j < n; ++j, to += stride)
-        *to = from[j];
+    for (int j = 0; j < length; j += laneCount<Lanes>) {
+        Lanes g = lanesAt<Lanes>(x + j).values;
+        rotatePairs(g, y + j, r);
+        lanesAt<Lanes>(x + j).values = g;
+    }
 }
 
-/// Brings the upper triangle up to date at the end of a sweep.
-PELMORA_ALWAYS_INLINE void mirrorLowerTriangle(JacobiState& state)
+// A sweeper holds the matrix, whose diagonal stays 0, and the eigenvectors in the form that its
+// sweep needs; vector k belongs to d[k]. Both triangles of the matrix are to be set before the
+// first sweep, and the upper one holds after each. isNull() tells a failed allocation (already
+// reported). A sweep returns false when the user has cancelled; the sweeper is then of no further
+// use.
+
+/// Sweeps rotation by rotation.
+class JacobiRowSweeper
 {
-    for (int i = 0; i < state.n; ++i)
-        for (int j = 0; j < i; ++j)
-            state.matrix[j][i] = state.matrix[i][j];
-}
+public:
+    explicit JacobiRowSweeper(int n) : m_matrix(n, n), m_vectors(n, n) {}
 
-/// One sweep, rotation by rotation.
-void sweepByRows(JacobiState& state);
+    bool isNull() const { return m_matrix.isNull() || m_vectors.isNull(); }
+    double& element(int i, int j) { return m_matrix[i][j]; }
+    double& vectorElement(int k, int i) { return m_vectors[k][i]; }
+    bool sweep(JacobiState& state);
 
-/// One sweep by blocks of rotations.
+private:
+    AlignedRows m_matrix;
+    AlignedRows m_vectors;
+};
+
+/// Sweeps by panels of rotations.
 class JacobiBlockSweeper
 {
 public:
     explicit JacobiBlockSweeper(int n);
 
-    bool isNull() const { return m_rotations.isNull(); }
-    /// False when the user has cancelled; the state is then of no further use.
+    bool isNull() const { return m_matrix.isNull() || m_vectors.isNull() || m_rotations.isNull(); }
+    double& element(int i, int j) { return *m_matrix.at(i, j); }
+    double& vectorElement(int k, int i) { return *m_vectors.at(k, i); }
     bool sweep(JacobiState& state);
 
 private:
+    ColumnStrips m_matrix;
+    ColumnStrips m_vectors;
     AlignedRows m_rotations;
 };
 

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+// Rotations that only change rows leave the columns independent of each other. Some rows of two
+// strips take all rotations of a panel while they are in the nearest cache.
+
+#include "numerics/kernels/panelrotations.h"
+
+#include "numerics/kernels/lanes.h"
+
+#include <algorithm>
+
+namespace pelmora {
+
+namespace {
+
+/// Rows of two strips that fit the first cache, and are enough to pay for loading row ip.
+constexpr int rowsAtOnce = 128;
+
+struct RotateColumns
+{
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(ColumnStrips& matrix, const PanelRotations& panel, int n,
+                                          int columns)
+    {
+        constexpr int twoStrips = 2 * ColumnStrips::width;
+        for (int begin = panel.first() + 1; begin < n; begin += rowsAtOnce)
+            for (int column = 0; column < columns; column += twoStrips)
+                for (int i = 0; i < panel.count(); ++i)
+                    rotateTiles<Lanes>(matrix, panel, i, begin, std::min(begin + rowsAtOnce, n),
+                                       column, std::min(column + twoStrips, columns));
+    }
+};
+
+} // namespace
+
+PanelRotations::PanelRotations(AlignedRows& storage, int n, int first)
+    : m_first(first)
+    , m_count(std::min(size, n - 1 - first))
+    , m_present(reinterpret_cast<std::uint16_t*>(storage[size]))
+{
+    static_assert(sizeof(PlaneRotation) == 2 * sizeof(double));
+    for (int i = 0; i < size; ++i)
+        m_rotations[i] = reinterpret_cast<PlaneRotation*>(storage[i]);
+    std::fill_n(m_present, n + size, std::uint16_t(0));
+}
+
+void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int n, int columns)
+{
+    runKernel<RotateColumns>(matrix, panel, n, columns);
+}
+
+} // namespace pelmora

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Pelmora Developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "numerics/kernels/columnstrips.h"
+#include "numerics/kernels/jacobisweeps.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace pelmora {
+
+/// The rotations of up to sixteen successive ip, the panel, with all iq.
+class PanelRotations
+{
+public:
+    static constexpr int size = ColumnStrips::width;
+
+    /// @p storage: rows() rows of length(n); what is in them is forgotten.
+    PanelRotations(AlignedRows& storage, int n, int first);
+
+    static int rows() { return size + 1; }
+    static int length(int n) { return 2 * (n + size); }
+
+    int first() const { return m_first; }
+
+    /// The number of ip that have an iq.
+    int count() const { return m_count; }
+
+    void add(int i, int iq, PlaneRotation rotation)
+    {
+        m_rotations[i][iq] = rotation;
+        m_present[iq] = std::uint16_t(m_present[iq] | 1u << i);
+    }
+
+    /// Whether ip = first() + i rotates with @p iq. False for iq <= ip, and up to a panel's size
+    /// beyond the last one.
+    bool has(int i, int iq) const { return m_present[iq] >> i & 1; }
+
+    /// The rotation of ip = first() + i with @p iq, those with the next iq behind it.
+    const PlaneRotation* at(int i, int iq) const { return m_rotations[i] + iq; }
+
+private:
+    int m_first;
+    int m_count;
+    PlaneRotation* m_rotations[size]; ///< of each i, by iq
+    std::uint16_t* m_present;         ///< of each iq: bit i for ip = first() + i
+};
+
+/// Applies those of ip = first() + i to the rows from @p begin up to @p end, in the columns from @p
+/// column on, one strip or two.
+template <typename Lanes, int Strips>
+PELMORA_ALWAYS_INLINE void rotateStrips(ColumnStrips& matrix, const PanelRotations& panel, int i,
+                                        int begin, int end, int column)
+{
+    constexpr int vectors = ColumnStrips::width / laneCount<Lanes>;
+    const std::ptrdiff_t next = matrix.nextStrip();
+    double* ipRow = matrix.at(panel.first() + i, column);
+    Lanes x[std::size_t(Strips)][std::size_t(vectors)];
+    for (int k = 0; k < Strips; ++k)
+        for (int v = 0; v < vectors; ++v)
+            x[k][v] = lanesAt<Lanes>(ipRow + k * next + v * laneCount<Lanes>).values;
+    double* row = matrix.at(begin, column);
+    for (int iq = begin; iq < end; ++iq, row += ColumnStrips::width) {
+        if (!panel.has(i, iq))
+            continue;
+        const PlaneRotation rotation = *panel.at(i, iq);
+        for (int k = 0; k < Strips; ++k)
+            for (int v = 0; v < vectors; ++v)
+                rotatePairs(x[k][v], row + k * next + v * laneCount<Lanes>, rotation);
+    }
+    for (int k = 0; k < Strips; ++k)
+        for (int v = 0; v < vectors; ++v)
+            lanesAt<Lanes>(ipRow + k * next + v * laneCount<Lanes>).values = x[k][v];
+}
+
+/// The same in all columns from @p column up to @p endColumn, of which there are no more than two
+/// strips.
+template <typename Lanes>
+PELMORA_ALWAYS_INLINE void rotateTiles(ColumnStrips& matrix, const PanelRotations& panel, int i,
+                                       int begin, int end, int column, int endColumn)
+{
+    if (endColumn - column > ColumnStrips::width)
+        rotateStrips<Lanes, 2>(matrix, panel, i, begin, end, column);
+    else
+        rotateStrips<Lanes, 1>(matrix, panel, i, begin, end, column);
+}
+
+/// Applies all to the rows of a matrix of order @p n, in the columns below @p columns.
+void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int n, int columns);
+
+} // namespace pelmora
