@@ -133,6 +133,8 @@ private slots:
         QCOMPARE(page.text("labelKaiser"), "Empirical Kaiser criterion: 1");
         QCOMPARE(page.text("labelParallel"), "Parallel analysis: not computed yet");
         click(page, "pushButtonParallel");
+        page.choose(Adequacy); // leaving the tab loses nothing
+        page.choose(NumberOfFactors);
         QCOMPARE(page.text("labelParallel"), "Parallel analysis (1000 random matrices, 100 cases): "
                                              "1 by the 95 % quantile, 2 by the mean");
         QVERIFY(!page.table("tableNumberOfFactors").at(2).contains("||"));
