@@ -46,8 +46,9 @@ class TestSession : public AppTest
 
 private:
     // Two of its bytes have no letter of their own; unchanged, it is written as it came.
-    const QByteArray unlettered = "\xC3\x9C\x81\x9F";
-    const QByteArray namedCases = fourCases + "vname\t2\t" + unlettered + "\nvname\t3\tHeight\n";
+    const QByteArray m_unlettered = "\xC3\x9C\x81\x9F";
+    const QByteArray m_namedCases =
+        fourCases + "vname\t2\t" + m_unlettered + "\nvname\t3\tHeight\n";
 
 private slots:
     void aSessionNeedsAFileAndATabWidget()
@@ -238,7 +239,7 @@ private slots:
 
     void namesReachEveryPage()
     {
-        openSession(SampleFile("data.txt", namedCases).path());
+        openSession(SampleFile("data.txt", m_namedCases).path());
         const QStringList names = session()->variableNames();
         QCOMPARE(names, QStringList({"1", "\u00C3\u0153\uFFFD\u0178", "Height"}));
 
@@ -283,11 +284,12 @@ private slots:
     {
         QFETCH(int, page);
         QFETCH(QString, button);
-        openSession(SampleFile("data.txt", namedCases).path());
+        openSession(SampleFile("data.txt", m_namedCases).path());
         session()->setVariableNames({"1", session()->variableNames()[1], "\u0416 third"});
         pages()->setCurrentIndex(page);
         const QByteArray written = saved(button);
-        QVERIFY2(written.contains(unlettered) && written.contains("? third"), written.constData());
+        QVERIFY2(written.contains(m_unlettered) && written.contains("? third"),
+                 written.constData());
     }
 
     void pagesOutliveTheirTabsAndTheirSession()
