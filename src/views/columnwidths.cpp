@@ -8,6 +8,7 @@
 
 #include "views/numbertable.h"
 
+#include <QFont>
 #include <QFontMetricsF>
 #include <QHash>
 #include <QHeaderView>
@@ -74,8 +75,9 @@ std::vector<Candidates> candidatesOf(const NumberTableModel& model)
 }
 
 /// Whether every digit is as wide as any other, beside each other and beside sign and point.
-bool digitsAreEquallyWide(const QFontMetricsF& metrics)
+bool measureDigits(const QFont& font)
 {
+    const QFontMetricsF metrics(font);
     const QString digits = QStringLiteral("0123456789");
     const auto differs = [&metrics](const QString& text, const QString& zeros) {
         return std::abs(metrics.horizontalAdvance(text) - metrics.horizontalAdvance(zeros)) > 0.01;
@@ -89,6 +91,14 @@ bool digitsAreEquallyWide(const QFontMetricsF& metrics)
                 return false;
     }
     return true;
+}
+
+/// The same, measured once for each font: it takes as long as filling a small table.
+bool digitsAreEquallyWide(const QFont& font)
+{
+    static QHash<QFont, bool> known;
+    const auto place = known.constFind(font);
+    return place != known.constEnd() ? *place : *known.insert(font, measureDigits(font));
 }
 
 /// Asks the view for the width of a cell, once for all texts that differ in their digits only.
@@ -135,7 +145,7 @@ void measureEveryCell(QTableView* view)
 
 void fitColumnWidths(QTableView* view, const NumberTableModel& model)
 {
-    if (!digitsAreEquallyWide(QFontMetricsF(view->font()))) {
+    if (!digitsAreEquallyWide(view->font())) {
         measureEveryCell(view);
         return;
     }
