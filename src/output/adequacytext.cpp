@@ -47,6 +47,15 @@ double judged(double measure)
 
 constexpr double acceptable = 0.5;
 
+/// Three significant digits. Of a singular matrix it is nothing but rounding, -8.73e-16 for
+/// instance, and in plain decimals a row of zeros.
+QString smallestEigenvalue(double x)
+{
+    constexpr double leastPlain = 1e-4;
+    const bool isPlain = x == 0.0 || std::abs(x) >= leastPlain;
+    return isPlain ? threeDigits(x) : QString::number(x, 'e', 2);
+}
+
 } // namespace
 
 QString kmo(const Computed<double>& kmo, unsigned decimals)
@@ -145,11 +154,11 @@ QString reason(const Obstacle& obstacle)
         return Text::tr("all correlations are 0");
     case Reason::NotPositiveDefinite:
         return Text::tr("the matrix is not positive definite (smallest eigenvalue %1)")
-            .arg(threeDigits(obstacle.number));
+            .arg(smallestEigenvalue(obstacle.number));
     case Reason::Singular:
         return Text::tr("the matrix is singular (smallest eigenvalue %1): some variables are sums "
                         "of others")
-            .arg(threeDigits(obstacle.number));
+            .arg(smallestEigenvalue(obstacle.number));
     case Reason::CasesUnknown:
         return Text::tr("the number of cases is not known");
     case Reason::TooFewCases:

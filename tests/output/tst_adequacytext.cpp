@@ -34,7 +34,7 @@ private slots:
         using namespace adequacytext;
         const Obstacle singular{Reason::Singular, -2.738e-16};
         const QString why = "cannot be computed: the matrix is singular (smallest eigenvalue "
-                            "-0.000000000000000274): some variables are sums of others";
+                            "-2.74e-16): some variables are sums of others";
 
         row("KMO", kmo({{}, 0.8813}, 2),
             "Kaiser-Meyer-Olkin measure of sampling adequacy: 0.88 (meritorious)");
