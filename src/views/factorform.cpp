@@ -46,6 +46,7 @@ FactorForm::FactorForm(QWidget* parent, int numberOfFactors, SessionFace* sessio
     adjustDiagramView(m_ui->tableFactors);
     connect(session, &SessionFace::variableNamesChanged, this,
             &FactorForm::on_variableNamesChanged);
+    connect(session, &QObject::destroyed, this, &FactorForm::releaseScores);
 }
 
 void FactorForm::addDiagramActions()
@@ -85,6 +86,13 @@ void FactorForm::setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs,
     m_loadings = loadings.clone();
     m_model = new factorModel(m_loadings, m_numberOfFactors, this);
     setUpDiagramView(m_ui->tableFactors, m_model);
+}
+
+/// A closed page stays until the window goes, and scores are as many as the cases.
+void FactorForm::releaseScores()
+{
+    m_scoresModel->clear();
+    m_scores = {};
 }
 
 void FactorForm::showScores()

@@ -59,6 +59,7 @@ private slots:
 
 private:
     void showScores();
+    void releaseScores();
     void addDiagramActions();
     void saveDrawing();
     void zoom(int value);

@@ -187,7 +187,8 @@ private slots:
         QTEST(page.findChild<QLabel*>("labelFactors")->text(), "title");
         QCOMPARE(record(), QStringList({text.arg(stem, loadings), text.arg(stem, scores),
                                         image.arg(stem, loadings)}));
-        session.reset(); // the page goes on without a proposal
+        session.reset(); // the page goes on without a proposal, and without the scores
+        QCOMPARE(page.findChild<QTableView*>("scoresTable")->model()->rowCount(), 0);
         QCOMPARE(record().size(), 3);
     }
 
