@@ -20,8 +20,8 @@ say "Checking C++ files"
 if [ "${1:-}" = --changed ]; then
     files=$(git diff --name-only --diff-filter=d HEAD -- '*.cpp')
 else
-    # What is compiled, but for what the build wrote itself.
-    files=$(sed -n 's/^ *"file": "\(.*\)".*/\1/p' "build/$preset/compile_commands.json" | grep -v '/build/')
+    # What is compiled, once even where several programs have it, but for what the build wrote itself.
+    files=$(sed -n 's/^ *"file": "\(.*\)".*/\1/p' "build/$preset/compile_commands.json" | grep -v '/build/' | sort -u)
 fi
 xargs --no-run-if-empty -n 1 -P "$(nproc)" \
     clang-tidy-14 -p "build/$preset" --quiet --warnings-as-errors='*' <<<"$files" 2> >(grep -v 'warnings\? generated' >&2)
