@@ -51,7 +51,8 @@ MainWindow::MainWindow(QWidget* parent)
     m_ui->actionOpen_explorer_when_closing->setChecked(settings::openFolderAfterClosing());
 }
 
-// The sessions are children of the window and go after its pages; each then opens its folder.
+// The sessions are children of the window and are deleted after its pages; each then opens its
+// folder.
 MainWindow::~MainWindow() = default;
 
 void MainWindow::on_actionDataASCII_triggered()
@@ -114,10 +115,10 @@ void MainWindow::read(const InputKind& kind)
         takeBack(session, message);
 }
 
-/// Leaves no trace of a session whose making was cancelled.
+/// Removes a session that was cancelled while it was made, with its tab and its status message.
 void MainWindow::takeBack(PelmoraSession* session, const QString& statusMessage)
 {
-    // Null when it has not come as far as to a tab.
+    // Null while it has no tab.
     const QWidget* pages = m_ui->mainTabWidget->widget(int(m_sessions.indexOf(session)));
     session->leaveFolderClosed();
     discardSession(session);
@@ -128,7 +129,7 @@ void MainWindow::takeBack(PelmoraSession* session, const QString& statusMessage)
 void MainWindow::discardSession(PelmoraSession* session)
 {
     m_sessions.removeOne(session);
-    // Opens the folder of its file, of one that failed too: there the user finds what to mend.
+    // Opens the folder of its file, on purpose also of one that failed: the user corrects it there.
     delete session;
 }
 
@@ -192,7 +193,7 @@ bool MainWindow::event(QEvent* event)
     return QMainWindow::event(event);
 }
 
-// Under its own work a window stays open.
+// A window stays open while it is working.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (LongWork::isRunning())
@@ -207,7 +208,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
         event->acceptProposedAction();
 }
 
-// Files dropped on the window are taken and left alone, on purpose: data are read through the menus
+// Files dropped on the window are accepted and ignored, on purpose: data are read through the menus
 // only.
 void MainWindow::dropEvent(QDropEvent* event)
 {
