@@ -6,15 +6,20 @@
 #include "input/correlationdata.h"
 #include "views/sessionface.h"
 
-#include <QDir>
+#include <QTemporaryDir>
 
 /// A session as far as a page sees it.
 class FakeSession : public SessionFace
 {
 public:
     QString inputFile() const override { return input; }
-    /// The folder exists, else a file dialog would propose another.
-    QString outputStem() const override { return QDir::tempPath() + "/box"; }
+    /// In a folder that exists, else a file dialog would propose another; the same for all
+    /// sessions.
+    QString outputStem() const override
+    {
+        static const QTemporaryDir folder;
+        return folder.filePath("box");
+    }
     QVector<QString> variableNames() const override { return data.names().texts(); }
     void setVariableNames(const QVector<QString>& texts) override
     {
