@@ -10,8 +10,8 @@
 namespace pelmora {
 
 /// A square working matrix in strips of sixteen columns, filled with zeros. A strip is contiguous,
-/// row after row, and begins on a cache line; walking down some columns so touches neither more
-/// lines nor more pages than it needs. Rows and columns may be read and written up to the next
+/// row after row, and begins on a cache line, so that work on some columns touches no more lines
+/// and pages than these columns need. Rows and columns may be read and written up to the next
 /// multiple of sixteen. isNull() tells a failed allocation (already reported).
 class ColumnStrips
 {

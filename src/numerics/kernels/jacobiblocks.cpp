@@ -227,7 +227,7 @@ struct SweepPanel
     {
         const int end = block.first + block.size;
         for (int column = panel.first(); column < block.first;) {
-            const int next = std::min(column + 2 * tileWidth, block.first);
+            const int next = std::min(column + columnsAtOnce<Lanes>, block.first);
             if (i > 0)
                 rotateTiles<Lanes>(matrix, panel, i - 1, block.first, end, column, next);
             for (; column < next && i < panel.count(); column += tileWidth)

@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// Rotations that only change rows leave the columns independent of each other. Some rows of two
-// strips take all rotations of a panel while they are in the nearest cache.
+// Rotations that only change rows leave the columns independent of each other. Some rows of a strip
+// or two take all rotations of a panel while they are in the first cache.
 
 #include "numerics/kernels/panelrotations.h"
-
-#include "numerics/kernels/lanes.h"
 
 #include <algorithm>
 
@@ -14,7 +12,7 @@ namespace pelmora {
 
 namespace {
 
-/// Rows of two strips that fit the first cache, and are enough to pay for loading row ip.
+/// Few enough for the first cache, and enough to pay for loading row ip.
 constexpr int rowsAtOnce = 128;
 
 struct RotateColumns
@@ -23,12 +21,12 @@ struct RotateColumns
     PELMORA_ALWAYS_INLINE static void run(ColumnStrips& matrix, const PanelRotations& panel, int n,
                                           int columns)
     {
-        constexpr int twoStrips = 2 * ColumnStrips::width;
+        constexpr int step = columnsAtOnce<Lanes>;
         for (int begin = panel.first() + 1; begin < n; begin += rowsAtOnce)
-            for (int column = 0; column < columns; column += twoStrips)
+            for (int column = 0; column < columns; column += step)
                 for (int i = 0; i < panel.count(); ++i)
                     rotateTiles<Lanes>(matrix, panel, i, begin, std::min(begin + rowsAtOnce, n),
-                                       column, std::min(column + twoStrips, columns));
+                                       column, std::min(column + step, columns));
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include "numerics/kernels/columnstrips.h"
 #include "numerics/kernels/jacobisweeps.h"
+#include "numerics/kernels/lanes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -38,7 +39,7 @@ public:
     /// beyond the last one.
     bool has(int i, int iq) const { return m_present[iq] >> i & 1; }
 
-    /// The rotation of ip = first() + i with @p iq, those with the next iq behind it.
+    /// The rotation of ip = first() + i with @p iq; those with iq + 1 and so on follow it.
     const PlaneRotation* at(int i, int iq) const { return m_rotations[i] + iq; }
 
 private:
@@ -48,8 +49,12 @@ private:
     std::uint16_t* m_present;         ///< of each iq: bit i for ip = first() + i
 };
 
-/// Applies those of ip = first() + i to the rows from @p begin up to @p end, in the columns from @p
-/// column on, one strip or two.
+/// As many columns as leave registers for the rest; one strip or two.
+template <typename Lanes>
+inline constexpr int columnsAtOnce = 8 * laneCount<Lanes>;
+
+/// Applies the rotations of ip = first() + i with the rows from @p begin up to @p end to some
+/// strips of columns, which begin with @p column.
 template <typename Lanes, int Strips>
 PELMORA_ALWAYS_INLINE void rotateStrips(ColumnStrips& matrix, const PanelRotations& panel, int i,
                                         int begin, int end, int column)
@@ -75,19 +80,18 @@ PELMORA_ALWAYS_INLINE void rotateStrips(ColumnStrips& matrix, const PanelRotatio
             lanesAt<Lanes>(ipRow + k * next + v * laneCount<Lanes>).values = x[k][v];
 }
 
-/// The same in all columns from @p column up to @p endColumn, of which there are no more than two
-/// strips.
+/// The same up to column @p endColumn, which is no further than columnsAtOnce.
 template <typename Lanes>
 PELMORA_ALWAYS_INLINE void rotateTiles(ColumnStrips& matrix, const PanelRotations& panel, int i,
                                        int begin, int end, int column, int endColumn)
 {
-    if (endColumn - column > ColumnStrips::width)
+    if (columnsAtOnce < Lanes >> ColumnStrips::width && endColumn - column > ColumnStrips::width)
         rotateStrips<Lanes, 2>(matrix, panel, i, begin, end, column);
     else
         rotateStrips<Lanes, 1>(matrix, panel, i, begin, end, column);
 }
 
-/// Applies all to the rows of a matrix of order @p n, in the columns below @p columns.
+/// Applies all rotations to the rows of a matrix of order @p n, in its first @p columns.
 void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int n, int columns);
 
 } // namespace pelmora
