@@ -47,8 +47,8 @@ double judged(double measure)
 
 constexpr double acceptable = 0.5;
 
-/// Three significant digits. Of a singular matrix it is nothing but rounding, -8.73e-16 for
-/// instance, and in plain decimals a row of zeros.
+/// Three significant digits, with an exponent below 1e-4: the smallest eigenvalue of a singular
+/// matrix is only a rounding error such as -8.73e-16.
 QString smallestEigenvalue(double x)
 {
     constexpr double leastPlain = 1e-4;

@@ -26,6 +26,9 @@ constexpr KindTexts kinds[] = {
      .loadingsExtension = "ini",
      .scoresExtension = "fini"}};
 
+static_assert(int(FactorKind::Pelmora) == 0 && int(FactorKind::Varimax) == 1 &&
+              int(FactorKind::Initial) == 2);
+
 const KindTexts& textsOf(FactorKind kind)
 {
     return kinds[static_cast<int>(kind)];

@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Passes a stream's bytes to a device in large pieces. Opens it with the first: a file that is
-/// written directly, too, stays as it was when the writer gives up before.
+/// Passes a stream's bytes to a device in large pieces. Opens it only for the first piece, so
+/// that a file written directly is not emptied when the writer fails before.
 class DeviceBuffer : public std::streambuf
 {
 public:

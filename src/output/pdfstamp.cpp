@@ -21,13 +21,15 @@ void replaceTime(QByteArray& pdf, const QByteArray& key, const QByteArray& time)
         pdf.replace(begin, end - begin, stamp.leftJustified(end - begin));
 }
 
-/// The metadata repeat the times.
+/// The metadata repeat the times, with a Z where the clock is that of UTC.
 void replaceMetadataTime(QByteArray& pdf, const QByteArray& key, const QByteArray& time)
 {
     const auto at = pdf.indexOf(key);
     const auto begin = at + key.size();
-    if (at >= 0 && pdf.indexOf('"', begin) == begin + time.size())
-        pdf.replace(begin, time.size(), time);
+    const auto length = pdf.indexOf('"', begin) - begin;
+    for (const char* zone : {"Z", "+00:00"})
+        if (const QByteArray stamp = time + zone; at >= 0 && length == stamp.size())
+            pdf.replace(begin, length, stamp);
 }
 
 /// Zeros for the hexadecimal digits between every @p key and @p end.
@@ -46,8 +48,7 @@ void stampPdf(QByteArray& pdf, const QDateTime& created)
     const QByteArray time = created.toUTC().toString(u"yyyyMMddHHmmss").toLatin1();
     replaceTime(pdf, "/CreationDate (D:", time);
     replaceTime(pdf, "/ModDate (D:", time);
-    const QByteArray metadataTime =
-        created.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss").toLatin1() + "+00:00";
+    const QByteArray metadataTime = created.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss").toLatin1();
     for (const char* key : {"xmp:CreateDate=\"", "xmp:ModifyDate=\"", "xmp:MetadataDate=\""})
         replaceMetadataTime(pdf, key, metadataTime);
     clearIdentifiers(pdf, "xmpMM:DocumentID=\"uuid:", '"');

@@ -3,6 +3,8 @@
 
 #include "output/tabletext.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Calls @p write(text, column) for the headings of a row and its cells, from left to right; row -1
@@ -92,9 +94,11 @@ QString latexNumber(const QString& number)
 
 QString onOneLine(QString text)
 {
-    for (QChar& c : text)
-        if (c.category() == QChar::Other_Control)
-            c = u' ';
+    const auto splitsLines = [](QChar c) {
+        return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
+               c.category() == QChar::Separator_Paragraph;
+    };
+    std::replace_if(text.begin(), text.end(), splitsLines, QChar(u' '));
     return text;
 }
 

@@ -9,7 +9,8 @@
 #include <functional>
 #include <vector>
 
-/// @p text with blanks for line breaks, tabs and other control characters.
+/// @p text with blanks for line breaks, line and paragraph separators, tabs and other control
+/// characters.
 QString onOneLine(QString text);
 
 /// A table with headings on top and on the left. Its texts are onOneLine().

@@ -101,8 +101,8 @@ QImage inGreys(const QImage& image)
     return greys;
 }
 
-/// Compressing takes longer than drawing: with every piece that comes of it, it is asked whether to
-/// go on. (The library that compresses tells a refusal to the standard error, too.)
+/// Compressing takes longer than drawing, so every piece of its output asks whether to go on. (The
+/// compressing library also prints a message when it is refused.)
 class WatchedBuffer : public QBuffer
 {
 protected:

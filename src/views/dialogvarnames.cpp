@@ -3,6 +3,7 @@
 
 #include "views/dialogvarnames.h"
 
+#include "output/tabletext.h"
 #include "ui_dialogvarnames.h"
 #include "views/sessionface.h"
 
@@ -13,22 +14,6 @@
 
 #include <algorithm>
 #include <utility>
-
-namespace {
-
-bool splitsLines(QChar c)
-{
-    return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
-           c.category() == QChar::Separator_Paragraph;
-}
-
-QString onOneLine(QString name)
-{
-    std::replace_if(name.begin(), name.end(), splitsLines, QChar(u' '));
-    return name;
-}
-
-} // namespace
 
 DialogVarNames::DialogVarNames(QWidget* parent)
     : QDialog(parent)

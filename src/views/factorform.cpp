@@ -88,7 +88,7 @@ void FactorForm::setUp(const NamedMatrix& loadings, bool leaveOutMinimalPairs,
     setUpDiagramView(m_ui->tableFactors, m_model);
 }
 
-/// A closed page stays until the window goes, and scores are as many as the cases.
+/// The pages of a closed session live until the window is deleted, and scores may be large.
 void FactorForm::releaseScores()
 {
     m_scoresModel->clear();

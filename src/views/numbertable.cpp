@@ -34,6 +34,7 @@ void NumberTableModel::clear()
     m_rows = 0;
     m_columns = 0;
     endResetModel();
+    m_ownValues = {};
 }
 
 void NumberTableModel::showNotes(int column, std::function<QString(double)> note)

@@ -213,9 +213,7 @@ private slots:
         m_cancelAt.clear();
         QCOMPARE(m_seen, QStringList("Drawing the image"));
         QCOMPARE(m_dialogs.takeRecord().filter("Error"), QStringList());
-        QFile file(old.path());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), "old");
+        QCOMPARE(contentsOf(old.path()), "old");
         QCOMPARE(QDir(old.folder()).entryList(QDir::Files | QDir::Hidden), QStringList("old.png"));
         QVERIFY(saved("ImageButton").startsWith("\x89PNG"));
     }

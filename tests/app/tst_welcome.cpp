@@ -42,6 +42,7 @@ public:
     }
     ~PrivateScreen()
     {
+        signalManager(SIGCONT);
         for (QProcess* process : {&m_manager, &m_server}) {
             process->terminate();
             process->waitForFinished(5000);
@@ -50,14 +51,23 @@ public:
     bool isThere() const { return !m_display.isEmpty(); }
 
     /// Windows that come meanwhile reach the screen only afterwards.
-    void holdWindowsBack(std::chrono::milliseconds time) const
+    bool holdWindowsBack(std::chrono::milliseconds time) const
     {
-        const auto manager = static_cast<pid_t>(m_manager.processId());
-        kill(manager, SIGSTOP);
-        QTimer::singleShot(time, &m_manager, [manager] { kill(manager, SIGCONT); });
+        if (m_manager.processId() <= 0)
+            return false;
+        signalManager(SIGSTOP);
+        QTimer::singleShot(time, &m_manager, [this] { signalManager(SIGCONT); });
+        return true;
     }
 
 private:
+    /// Without a process its number is 0, which would be this program and its relatives.
+    void signalManager(int number) const
+    {
+        if (m_manager.processId() > 0)
+            kill(static_cast<pid_t>(m_manager.processId()), number);
+    }
+
     QProcess m_server;
     QProcess m_manager;
     QByteArray m_display;
@@ -105,7 +115,7 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
         program.setProcessEnvironment(environment);
-        m_screen.holdWindowsBack(std::chrono::milliseconds(300));
+        QVERIFY(m_screen.holdWindowsBack(std::chrono::milliseconds(300)));
         program.start(QStringLiteral(PELMORA_PROGRAM), {});
         QVERIFY(program.waitForStarted());
 
