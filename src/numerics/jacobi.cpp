@@ -21,7 +21,7 @@ namespace pelmora {
 namespace {
 
 /// From this order on the blocked sweep is the faster one.
-constexpr int blockedOrder = 230;
+constexpr int blockedOrder = 150;
 constexpr int sweepLimit = 500;
 
 /// Only the upper triangle of a is read. The vectors start as its diagonal, on purpose.

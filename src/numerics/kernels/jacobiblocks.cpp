@@ -13,6 +13,10 @@
 // every element still takes part in its rotations in their order, and the bits are the same. A row
 // of the panel is kept whole: its part beyond the diagonal stands for the column of ip.
 //
+// Finding a rotation is a long chain of divisions and roots, and the next one of the same ip has to
+// wait for it. A band of blocks therefore takes turns: when one block is at some ip, the block
+// below it is at the ip before, and their chains run side by side.
+//
 // Two things wait until all rotations of the panel are known, since none is found from them: the
 // columns left of the panel and the eigenvectors, of which rows are rotated and no more, and the
 // panel's own columns, which the later ip of the panel change after the earlier ones.
@@ -22,7 +26,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 
 namespace pelmora {
 
@@ -30,165 +33,148 @@ namespace {
 
 constexpr int panelSize = PanelRotations::size;
 constexpr int tileWidth = ColumnStrips::width;
-static_assert(panelSize == tileWidth);
+constexpr int blockSize = 16;
+static_assert(panelSize == tileWidth && blockSize == tileWidth);
 
-/// Enough rows for their dependency chains to fill the wait for each other.
-constexpr int maximalBlock = 2 * panelSize;
+/// Enough chains to fill the wait for each other.
+constexpr int blocksAtOnce = 4;
 
-/// Rows and columns of a block, both triangles; and rows of it in column ip.
-struct DiagonalBlock
-{
-    double x[maximalBlock];
-    double y[maximalBlock][maximalBlock];
-};
-
-/// The rows from @p first on.
+/// Some rows, with what has to be at hand to find their rotations.
 struct Block
 {
     int first;
-    int size; ///< panelSize or maximalBlock
+    int rows;                       ///< fewer than a block's size at the end of the matrix
+    double x[blockSize];            ///< their elements in column ip
+    double y[blockSize][blockSize]; ///< their elements in their own columns, both triangles
 };
 
-void fetchDiagonal(ColumnStrips& matrix, Block block, DiagonalBlock& diagonal)
+/// Blocks that follow each other and take turns.
+struct Band
 {
-    for (int i = 0; i < block.size; ++i)
+    int count;
+    Block blocks[blocksAtOnce];
+
+    /// Whether block @p k is at an ip of the panel when the first block is at i = @p turn.
+    bool isTurn(int k, int turn, const PanelRotations& panel) const
+    {
+        return k < count && turn >= k && turn - k < panel.count();
+    }
+};
+
+void fetchBlock(ColumnStrips& matrix, int n, int first, Block& block)
+{
+    block.first = first;
+    block.rows = std::min(blockSize, n - first);
+    for (int i = 0; i < blockSize; ++i)
         for (int j = 0; j <= i; ++j)
-            diagonal.y[i][j] = diagonal.y[j][i] = *matrix.at(block.first + i, block.first + j);
+            block.y[i][j] = block.y[j][i] = *matrix.at(first + i, first + j);
 }
 
-void putDiagonalBack(const DiagonalBlock& diagonal, Block block, ColumnStrips& matrix)
+void putBlockBack(const Block& block, ColumnStrips& matrix)
 {
-    for (int i = 0; i < block.size; ++i)
-        for (int j = 0; j < block.size; j += tileWidth)
-            std::copy_n(diagonal.y[i] + j, tileWidth, matrix.at(block.first + i, block.first + j));
+    std::copy_n(block.y[0], blockSize * blockSize, matrix.at(block.first, block.first));
 }
 
-/// Squares of a tile, rows as lanes.
-template <typename Lanes>
-PELMORA_ALWAYS_INLINE void fetchTransposed(const double* from, Lanes (&square)[laneCount<Lanes>])
-{
-    for (int i = 0; i < laneCount<Lanes>; ++i)
-        square[i] = lanesAt<Lanes>(from + i * tileWidth).values;
-    transpose(square);
-}
-
-template <typename Lanes>
-PELMORA_ALWAYS_INLINE void putTransposed(Lanes (&square)[laneCount<Lanes>], double* to)
-{
-    transpose(square);
-    for (int i = 0; i < laneCount<Lanes>; ++i)
-        lanesAt<Lanes>(to + i * tileWidth).values = square[i];
-}
-
-/// Rotates pairs where @p present; elsewhere they keep every bit.
-template <typename Lanes>
-PELMORA_ALWAYS_INLINE void rotateWhere(bool present, Lanes& g, Lanes& h, PlaneRotation r)
-{
-    typedef std::int64_t Mask __attribute__((vector_size(sizeof(Lanes))));
-    const Mask mask = Mask{} - std::int64_t(present);
-    Lanes newG = g;
-    Lanes newH = h;
-    rotatePair(newG, newH, r);
-    g = mask ? newG : g;
-    h = mask ? newH : h;
-}
-
-/// Carries rows along through as many rotations as there are lanes.
-/// @param x     the rows' elements in column ip
-/// @param tile  their elements in the columns of the rotations
-/// @param r     the rotations, a column's each
+/// Carries the rows of a block along through the rotations of one ip with the columns of a tile.
 struct CarryAlong
 {
+    /// So many vectors of rows side by side fill the wait for each other, and the registers.
+    static constexpr int vectors = 4;
+
+    /// Squares of the tile, rows as lanes.
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void all(double* x, double* tile, int rows, const PlaneRotation* r)
+    using Squares = Lanes[std::size_t(vectors)][laneCount<Lanes>];
+
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void fetch(const double* tile, Squares<Lanes>& h)
     {
-        constexpr int lanes = laneCount<Lanes>;
-        for (int row = 0; row < rows; row += 2 * lanes) {
-            double* other = tile + lanes * tileWidth;
-            Lanes g = lanesAt<Lanes>(x + row).values;
-            Lanes otherG = lanesAt<Lanes>(x + row + lanes).values;
-            Lanes h[laneCount<Lanes>];
-            Lanes otherH[laneCount<Lanes>];
-            fetchTransposed(tile, h);
-            fetchTransposed(other, otherH);
-            for (int i = 0; i < lanes; ++i) {
-                const PlaneRotation rotation = r[i];
-                rotatePair(g, h[i], rotation);
-                rotatePair(otherG, otherH[i], rotation);
+        for (auto& square : h) {
+            for (Lanes& row : square) {
+                row = lanesAt<Lanes>(tile).values;
+                tile += tileWidth;
             }
-            lanesAt<Lanes>(x + row).values = g;
-            lanesAt<Lanes>(x + row + lanes).values = otherG;
-            putTransposed(h, tile);
-            putTransposed(otherH, other);
-            tile = other + lanes * tileWidth;
+            transpose(square);
         }
     }
 
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void some(double* x, double* tile, int rows,
-                                           const PlaneRotation* r,
-                                           const bool (&present)[laneCount<Lanes>])
+    PELMORA_ALWAYS_INLINE static void putBack(Squares<Lanes>& h, double* tile)
     {
-        constexpr int lanes = laneCount<Lanes>;
-        for (int row = 0; row < rows; row += lanes, tile += lanes * tileWidth) {
-            Lanes g = lanesAt<Lanes>(x + row).values;
-            Lanes h[laneCount<Lanes>];
-            fetchTransposed(tile, h);
-            for (int i = 0; i < lanes; ++i)
-                rotateWhere(present[i], g, h[i], r[i]);
-            lanesAt<Lanes>(x + row).values = g;
-            putTransposed(h, tile);
+        for (auto& square : h) {
+            transpose(square);
+            for (const Lanes& row : square) {
+                lanesAt<Lanes>(tile).values = row;
+                tile += tileWidth;
+            }
         }
     }
 
-    /// The columns of a tile, which begins with column @p first.
+    /// @param x      the rows' elements in column ip
+    /// @param i      tells ip
+    /// @param first  the first column of the tile
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(double* x, double* tile, int rows,
-                                          const PanelRotations& panel, int i, int first)
+    PELMORA_ALWAYS_INLINE static void run(double* x, double* tile, const PanelRotations& panel,
+                                          int i, int first)
     {
         constexpr int lanes = laneCount<Lanes>;
-        for (int column = first; column < first + tileWidth; column += lanes, tile += lanes) {
-            bool present[laneCount<Lanes>];
-            int count = 0;
-            for (int k = 0; k < lanes; ++k)
-                count += present[k] = panel.has(i, column + k);
-            if (count == lanes)
-                all<Lanes>(x, tile, rows, panel.at(i, column));
-            else if (count > 0)
-                some<Lanes>(x, tile, rows, panel.at(i, column), present);
+        constexpr int rows = vectors * lanes;
+        for (int row = 0; row < blockSize; row += rows, x += rows, tile += rows * tileWidth) {
+            Lanes g[std::size_t(vectors)];
+            for (int k = 0; k < vectors; ++k)
+                g[k] = lanesAt<Lanes>(x + k * lanes).values;
+            for (int column = 0; column < tileWidth; column += lanes) {
+                if (!panel.hasAny(i, first + column, lanes))
+                    continue;
+                Squares<Lanes> h;
+                fetch<Lanes>(tile + column, h);
+                for (int j = 0; j < lanes; ++j) {
+                    const int iq = first + column + j;
+                    if (!panel.has(i, iq))
+                        continue;
+                    const PlaneRotation rotation = *panel.at(i, iq);
+                    for (int k = 0; k < vectors; ++k)
+                        rotatePair(g[k], h[k][j], rotation);
+                }
+                putBack<Lanes>(h, tile + column);
+            }
+            for (int k = 0; k < vectors; ++k)
+                lanesAt<Lanes>(x + k * lanes).values = g[k];
         }
     }
 };
 
-/// Finds the rotations of all ip of a panel.
+/// Finds the rotations of all ip of a panel. Returns false when the user has cancelled.
 struct SweepPanel
 {
-    /// Those of ip with the rows of a block from row @p from on; applies them to the diagonal block
-    /// alone.
-    /// @param x            the elements in column ip, carried along up to the block
-    /// @param firstMirror  rows before it keep their columns
-    template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void findRotations(JacobiState& state, PanelRotations& panel,
-                                                    int i, Block block, int from, int firstMirror,
-                                                    double* x, DiagonalBlock& diagonal)
+    /// That of ip with iq, if there is one to be made.
+    /// @param x  the element in row iq and column ip, carried along up to it
+    PELMORA_ALWAYS_INLINE static bool findRotation(JacobiState& state, PanelRotations& panel, int i,
+                                                   int iq, double& x)
     {
         const int ip = panel.first() + i;
-        const int rows = std::min(block.size, state.n - block.first);
-        for (int q = from; q < rows; ++q) {
-            const int iq = block.first + q;
-            const double g = x[q];
-            if (isDropped(state, g, ip, iq)) {
-                x[q] = 0.0;
-            } else if (std::fabs(g) > state.threshold) {
-                const PlaneRotation rotation = startRotation(state, g, ip, iq);
-                double* y = diagonal.y[q];
-                rotateRows<Lanes>(x, y, block.size, rotation);
-                x[q] = 0.0;
-                for (int j = firstMirror; j < block.size; ++j)
-                    diagonal.y[j][q] = y[j];
-                panel.add(i, iq, rotation);
-            }
+        const double g = x;
+        if (isDropped(state, g, ip, iq)) {
+            x = 0.0;
+            return false;
         }
+        if (!(std::fabs(g) > state.threshold))
+            return false;
+        panel.add(i, iq, startRotation(state, g, ip, iq));
+        return true;
+    }
+
+    /// Rotates row @p q of a block.
+    /// @param x            the elements in column ip
+    /// @param firstMirror  rows before it keep their columns
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void rotateRow(Block& block, int q, PlaneRotation rotation,
+                                                double* x, int firstMirror)
+    {
+        double* y = block.y[q];
+        rotateRows<Lanes>(x, y, blockSize, rotation);
+        x[q] = 0.0;
+        for (int j = firstMirror; j < blockSize; ++j)
+            block.y[j][q] = y[j];
     }
 
     /// The panel's own rows, in its own columns.
@@ -196,74 +182,107 @@ struct SweepPanel
     PELMORA_ALWAYS_INLINE static void sweepOwnBlock(JacobiState& state, ColumnStrips& matrix,
                                                     PanelRotations& panel)
     {
-        const Block own{panel.first(), panelSize};
-        DiagonalBlock diagonal;
-        fetchDiagonal(matrix, own, diagonal);
+        Block own;
+        fetchBlock(matrix, state.n, panel.first(), own);
         for (int i = 0; i < panel.count(); ++i)
-            findRotations<Lanes>(state, panel, i, own, i + 1, i + 1, diagonal.y[i], diagonal);
-        putDiagonalBack(diagonal, own, matrix);
+            for (int q = i + 1; q < own.rows; ++q)
+                if (findRotation(state, panel, i, own.first + q, own.y[i][q]))
+                    rotateRow<Lanes>(own, q, *panel.at(i, own.first + q), own.y[i], i + 1);
+        putBlockBack(own, matrix);
     }
 
     /// The elements of a block in column ip. The rotations of the ip before have not reached them
     /// yet.
-    static void fetchColumn(ColumnStrips& matrix, const PanelRotations& panel, int i, Block block,
-                            double* x)
+    static void fetchColumn(ColumnStrips& matrix, const PanelRotations& panel, int i, Block& block)
     {
         const int ip = panel.first() + i;
-        for (int q = 0; q < block.size; ++q)
-            x[q] = *matrix.at(block.first + q, ip);
+        for (int q = 0; q < blockSize; ++q)
+            block.x[q] = *matrix.at(block.first + q, ip);
         if (i == 0)
             return;
         double last = *matrix.at(ip - 1, ip);
-        for (int q = 0; q < block.size; ++q)
+        for (int q = 0; q < blockSize; ++q)
             if (panel.has(i - 1, block.first + q))
-                rotatePair(last, x[q], *panel.at(i - 1, block.first + q));
+                rotatePair(last, block.x[q], *panel.at(i - 1, block.first + q));
     }
 
     /// Rotates the rows of a block with the row of the ip before, and carries them along for ip.
+    /// One of the two is wanting at either end of the panel, both beyond.
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void passTiles(ColumnStrips& matrix, const PanelRotations& panel,
-                                                int i, Block block, double* x)
+    PELMORA_ALWAYS_INLINE static void pass(ColumnStrips& matrix, const PanelRotations& panel, int i,
+                                           Block& block)
     {
-        const int end = block.first + block.size;
+        if (i < 0 || i > panel.count())
+            return;
+        if (i < panel.count())
+            fetchColumn(matrix, panel, i, block);
         for (int column = panel.first(); column < block.first;) {
             const int next = std::min(column + columnsAtOnce<Lanes>, block.first);
             if (i > 0)
-                rotateTiles<Lanes>(matrix, panel, i - 1, block.first, end, column, next);
+                rotateTiles<Lanes>(matrix, panel, i - 1, block.first, block.first + blockSize,
+                                   column, next);
             for (; column < next && i < panel.count(); column += tileWidth)
-                CarryAlong::run<Lanes>(x, matrix.at(block.first, column), block.size, panel, i,
-                                       column);
+                CarryAlong::run<Lanes>(block.x, matrix.at(block.first, column), panel, i, column);
             column = next;
         }
     }
 
-    /// The rows of a block below the panel, in the columns from the panel's on.
+    /// The rotations of the blocks whose turn it is, each with its own ip.
+    /// @param turn  the first block's i
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void sweepBlock(JacobiState& state, ColumnStrips& matrix,
-                                                 PanelRotations& panel, Block block)
+    PELMORA_ALWAYS_INLINE static void findSideBySide(JacobiState& state, PanelRotations& panel,
+                                                     Band& band, int turn)
     {
-        DiagonalBlock diagonal;
-        fetchDiagonal(matrix, block, diagonal);
-        for (int i = 0; i < panel.count(); ++i) {
-            fetchColumn(matrix, panel, i, block, diagonal.x);
-            passTiles<Lanes>(matrix, panel, i, block, diagonal.x);
-            findRotations<Lanes>(state, panel, i, block, 0, 0, diagonal.x, diagonal);
-            for (int j = 0; j < block.size; j += tileWidth)
-                std::copy_n(diagonal.x + j, tileWidth,
-                            matrix.at(panel.first() + i, block.first + j));
+        for (int q = 0; q < blockSize; ++q) {
+            bool found[blocksAtOnce];
+            for (int k = 0; k < blocksAtOnce; ++k) {
+                Block& block = band.blocks[k];
+                found[k] = band.isTurn(k, turn, panel) && q < block.rows &&
+                           findRotation(state, panel, turn - k, block.first + q, block.x[q]);
+            }
+            for (int k = 0; k < blocksAtOnce; ++k) {
+                Block& block = band.blocks[k];
+                if (found[k])
+                    rotateRow<Lanes>(block, q, *panel.at(turn - k, block.first + q), block.x, 0);
+            }
         }
-        passTiles<Lanes>(matrix, panel, panel.count(), block, diagonal.x);
-        putDiagonalBack(diagonal, block, matrix);
+    }
+
+    /// The blocks of a band, in the columns from the panel's on.
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void sweepBand(JacobiState& state, ColumnStrips& matrix,
+                                                PanelRotations& panel, Band& band)
+    {
+        for (int turn = 0; turn < panel.count() + band.count; ++turn) {
+            for (int k = 0; k < band.count; ++k)
+                pass<Lanes>(matrix, panel, turn - k, band.blocks[k]);
+            findSideBySide<Lanes>(state, panel, band, turn);
+            for (int k = 0; k < blocksAtOnce; ++k)
+                if (band.isTurn(k, turn, panel))
+                    std::copy_n(band.blocks[k].x, blockSize,
+                                matrix.at(panel.first() + turn - k, band.blocks[k].first));
+        }
     }
 
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(JacobiState& state, ColumnStrips& matrix,
+    PELMORA_ALWAYS_INLINE static bool run(JacobiState& state, ColumnStrips& matrix,
                                           PanelRotations& panel)
     {
+        constexpr double operationsPerElement = 0.5;
         sweepOwnBlock<Lanes>(state, matrix, panel);
-        for (int row = panel.first() + panelSize; row < state.n; row += maximalBlock)
-            sweepBlock<Lanes>(state, matrix, panel,
-                              {row, state.n - row > panelSize ? maximalBlock : panelSize});
+        for (int row = panel.first() + panelSize; row < state.n;) {
+            const int rotations = state.rotations;
+            Band band{};
+            for (; band.count < blocksAtOnce && row < state.n; row += blockSize)
+                fetchBlock(matrix, state.n, row, band.blocks[band.count++]);
+            sweepBand<Lanes>(state, matrix, panel, band);
+            for (int k = 0; k < band.count; ++k)
+                putBlockBack(band.blocks[k], matrix);
+            if (!state.meter.goOnAfter(operationsPerElement * (state.rotations - rotations) *
+                                       state.n))
+                return false;
+        }
+        return true;
     }
 };
 
@@ -283,11 +302,11 @@ struct FinishColumns
             for (int q = column + 1; q < n; ++q)
                 row(q)[column - first] = *matrix.at(column, q);
             const int i = column + 1 - first;
-            // The lanes beyond the column are overwritten later.
-            const int length = (i + laneCount<Lanes> - 1) / laneCount<Lanes> * laneCount<Lanes>;
-            for (int q = column + 2; q < n && i < panel.count(); ++q)
-                if (panel.has(i, q))
-                    rotateRows<Lanes>(own[i], row(q), length, *panel.at(i, q));
+            if (i >= panel.count())
+                continue;
+            // What that does to the columns that follow is overwritten by them.
+            rotateStrips<Lanes, 1>(own[i], own[i] + tileWidth, 0, panel, i, column + 2, end);
+            rotateStrips<Lanes, 1>(own[i], matrix.at(end, first), 0, panel, i, end, n);
         }
         for (int i = 0; i < end - first; ++i)
             std::copy_n(own[i], i, matrix.at(first + i, first));
@@ -303,18 +322,31 @@ JacobiBlockSweeper::JacobiBlockSweeper(int n)
 {
 }
 
+/// Applies the rotations of a panel, @p found in all, to what has waited for them.
+bool JacobiBlockSweeper::rotateRest(JacobiState& state, const PanelRotations& panel, int found)
+{
+    const int n = state.n;
+    const double operations = double(found) * n / (n - panel.first());
+    for (int begin = panel.first() + 1; begin < n; begin += rowsAtOnce) {
+        const int end = std::min(begin + rowsAtOnce, n);
+        rotateColumns(m_matrix, panel, begin, end, panel.first());
+        rotateColumns(m_vectors, panel, begin, end, n);
+        if (!state.meter.goOnAfter(operations * (end - begin)))
+            return false;
+    }
+    return true;
+}
+
 bool JacobiBlockSweeper::sweep(JacobiState& state)
 {
-    constexpr double operationsPerElement = 1.5; // of both matrix and eigenvectors
     const int n = state.n;
     for (int first = 0; first < n; first += panelSize) {
         const int rotations = state.rotations;
         PanelRotations panel(m_rotations, n, first);
-        runKernel<SweepPanel>(state, m_matrix, panel);
+        if (!runKernel<SweepPanel>(state, m_matrix, panel))
+            return false;
         runKernel<FinishColumns>(m_matrix, panel, n);
-        rotateColumns(m_matrix, panel, n, first);
-        rotateColumns(m_vectors, panel, n, n);
-        if (!state.meter.goOnAfter(operationsPerElement * (state.rotations - rotations) * n))
+        if (!rotateRest(state, panel, state.rotations - rotations))
             return false;
     }
     for (int i = 0; i < n; ++i)

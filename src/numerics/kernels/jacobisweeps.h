@@ -19,6 +19,8 @@ struct PlaneRotation
     double tau; ///< s / (1 + c) with the cosine c
 };
 
+class PanelRotations;
+
 /// What the sweeps of the Jacobi method know beside the matrix.
 struct JacobiState
 {
@@ -143,6 +145,8 @@ public:
     bool sweep(JacobiState& state);
 
 private:
+    bool rotateRest(JacobiState& state, const PanelRotations& panel, int found);
+
     ColumnStrips m_matrix;
     ColumnStrips m_vectors;
     AlignedRows m_rotations;

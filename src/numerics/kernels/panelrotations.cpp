@@ -12,21 +12,17 @@ namespace pelmora {
 
 namespace {
 
-/// Few enough for the first cache, and enough to pay for loading row ip.
-constexpr int rowsAtOnce = 128;
-
 struct RotateColumns
 {
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(ColumnStrips& matrix, const PanelRotations& panel, int n,
-                                          int columns)
+    PELMORA_ALWAYS_INLINE static void run(ColumnStrips& matrix, const PanelRotations& panel,
+                                          int begin, int end, int columns)
     {
         constexpr int step = columnsAtOnce<Lanes>;
-        for (int begin = panel.first() + 1; begin < n; begin += rowsAtOnce)
-            for (int column = 0; column < columns; column += step)
-                for (int i = 0; i < panel.count(); ++i)
-                    rotateTiles<Lanes>(matrix, panel, i, begin, std::min(begin + rowsAtOnce, n),
-                                       column, std::min(column + step, columns));
+        for (int column = 0; column < columns; column += step)
+            for (int i = 0; i < panel.count(); ++i)
+                rotateTiles<Lanes>(matrix, panel, i, begin, end, column,
+                                   std::min(column + step, columns));
     }
 };
 
@@ -43,9 +39,10 @@ PanelRotations::PanelRotations(AlignedRows& storage, int n, int first)
     std::fill_n(m_present, n + size, std::uint16_t(0));
 }
 
-void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int n, int columns)
+void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int begin, int end,
+                   int columns)
 {
-    runKernel<RotateColumns>(matrix, panel, n, columns);
+    runKernel<RotateColumns>(matrix, panel, begin, end, columns);
 }
 
 } // namespace pelmora

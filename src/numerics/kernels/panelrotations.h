@@ -39,6 +39,15 @@ public:
     /// beyond the last one.
     bool has(int i, int iq) const { return m_present[iq] >> i & 1; }
 
+    /// Whether it rotates with any of @p count rows from @p iq on.
+    bool hasAny(int i, int iq, int count) const
+    {
+        unsigned present = 0;
+        for (int k = 0; k < count; ++k)
+            present |= m_present[iq + k];
+        return present >> i & 1;
+    }
+
     /// The rotation of ip = first() + i with @p iq; those with iq + 1 and so on follow it.
     const PlaneRotation* at(int i, int iq) const { return m_rotations[i] + iq; }
 
@@ -54,19 +63,19 @@ template <typename Lanes>
 inline constexpr int columnsAtOnce = 8 * laneCount<Lanes>;
 
 /// Applies the rotations of ip = first() + i with the rows from @p begin up to @p end to some
-/// strips of columns, which begin with @p column.
+/// strips of columns.
+/// @param ipRow  row ip in the first of these columns
+/// @param row    row @p begin there, which the others follow
+/// @param next   from a strip to the next one
 template <typename Lanes, int Strips>
-PELMORA_ALWAYS_INLINE void rotateStrips(ColumnStrips& matrix, const PanelRotations& panel, int i,
-                                        int begin, int end, int column)
+PELMORA_ALWAYS_INLINE void rotateStrips(double* ipRow, double* row, std::ptrdiff_t next,
+                                        const PanelRotations& panel, int i, int begin, int end)
 {
     constexpr int vectors = ColumnStrips::width / laneCount<Lanes>;
-    const std::ptrdiff_t next = matrix.nextStrip();
-    double* ipRow = matrix.at(panel.first() + i, column);
     Lanes x[std::size_t(Strips)][std::size_t(vectors)];
     for (int k = 0; k < Strips; ++k)
         for (int v = 0; v < vectors; ++v)
             x[k][v] = lanesAt<Lanes>(ipRow + k * next + v * laneCount<Lanes>).values;
-    double* row = matrix.at(begin, column);
     for (int iq = begin; iq < end; ++iq, row += ColumnStrips::width) {
         if (!panel.has(i, iq))
             continue;
@@ -80,18 +89,27 @@ PELMORA_ALWAYS_INLINE void rotateStrips(ColumnStrips& matrix, const PanelRotatio
             lanesAt<Lanes>(ipRow + k * next + v * laneCount<Lanes>).values = x[k][v];
 }
 
-/// The same up to column @p endColumn, which is no further than columnsAtOnce.
+/// The same in the columns of @p matrix from @p column up to @p endColumn, which is no further than
+/// columnsAtOnce.
 template <typename Lanes>
 PELMORA_ALWAYS_INLINE void rotateTiles(ColumnStrips& matrix, const PanelRotations& panel, int i,
                                        int begin, int end, int column, int endColumn)
 {
+    double* ipRow = matrix.at(panel.first() + i, column);
+    double* row = matrix.at(begin, column);
+    const std::ptrdiff_t next = matrix.nextStrip();
     if (columnsAtOnce < Lanes >> ColumnStrips::width && endColumn - column > ColumnStrips::width)
-        rotateStrips<Lanes, 2>(matrix, panel, i, begin, end, column);
+        rotateStrips<Lanes, 2>(ipRow, row, next, panel, i, begin, end);
     else
-        rotateStrips<Lanes, 1>(matrix, panel, i, begin, end, column);
+        rotateStrips<Lanes, 1>(ipRow, row, next, panel, i, begin, end);
 }
 
-/// Applies all rotations to the rows of a matrix of order @p n, in its first @p columns.
-void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int n, int columns);
+/// Few enough rows for the first cache, and enough to pay for loading row ip.
+inline constexpr int rowsAtOnce = 128;
+
+/// Applies all rotations with the rows from @p begin up to @p end, rowsAtOnce of them or fewer, to
+/// the first @p columns of a matrix.
+void rotateColumns(ColumnStrips& matrix, const PanelRotations& panel, int begin, int end,
+                   int columns);
 
 } // namespace pelmora
