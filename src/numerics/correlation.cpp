@@ -115,14 +115,13 @@ bool sumProducts(const RawData& data, const double* mean, AlignedRows& panels, A
 {
     constexpr double operationsPerProduct = 0.1;
     ProgressMeter meter({.work = Progress::Work::Correlations, .done = 0.0});
-    const int panelCount = productpanels::countFor(data.variables);
     for (int first = 0; first < data.cases; first += casesPerBlock) {
         const int count = std::min(casesPerBlock, data.cases - first);
         if (data.rowWise)
             packRows(data, mean, first, count, panels);
         else
             runKernel<PackColumns>(data, mean, first, count, panels);
-        productpanels::addProducts(panels, panelCount, count, sums);
+        productpanels::addProducts(panels, data.variables, count, sums);
         meter.progress().done = double(first + count) / data.cases;
         if (!meter.goOnAfter(operationsPerProduct * count * data.variables * data.variables))
             return false;

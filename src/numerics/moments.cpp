@@ -241,7 +241,7 @@ void MomentsGatherer::Block::sumProducts(const double* values, int cases)
         const int count = std::min(productpanels::casesPerBlock, cases - first);
         runKernel<PackCentred>(values + std::ptrdiff_t(first) * p, count, means, panels,
                                sums.data());
-        productpanels::addProducts(panels, productpanels::countFor(p), count, products);
+        productpanels::addProducts(panels, p, count, products);
     }
     for (int j = 0; j < p; ++j) {
         const double mean = sums[static_cast<std::size_t>(j)] / cases;

@@ -29,7 +29,7 @@ inline AlignedRows make(int variables)
 /// diagonal; some below it are added to as well.
 /// @param count  cases in the panels
 /// @param sums   countFor(variables) * width rows of as many sums as there are variables
-void addProducts(const AlignedRows& panels, int panelCount, int count, AlignedRows& sums);
+void addProducts(const AlignedRows& panels, int variables, int count, AlignedRows& sums);
 
 } // namespace productpanels
 
