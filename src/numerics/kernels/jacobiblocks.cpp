@@ -191,21 +191,6 @@ struct SweepPanel
         putBlockBack(own, matrix);
     }
 
-    /// The elements of a block in column ip. The rotations of the ip before have not reached them
-    /// yet.
-    static void fetchColumn(ColumnStrips& matrix, const PanelRotations& panel, int i, Block& block)
-    {
-        const int ip = panel.first() + i;
-        for (int q = 0; q < blockSize; ++q)
-            block.x[q] = *matrix.at(block.first + q, ip);
-        if (i == 0)
-            return;
-        double last = *matrix.at(ip - 1, ip);
-        for (int q = 0; q < blockSize; ++q)
-            if (panel.has(i - 1, block.first + q))
-                rotatePair(last, block.x[q], *panel.at(i - 1, block.first + q));
-    }
-
     /// Rotates the rows of a block with the row of the ip before, and carries them along for ip.
     /// One of the two is wanting at either end of the panel, both beyond.
     template <typename Lanes>
@@ -214,16 +199,18 @@ struct SweepPanel
     {
         if (i < 0 || i > panel.count())
             return;
-        if (i < panel.count())
-            fetchColumn(matrix, panel, i, block);
-        for (int column = panel.first(); column < block.first;) {
-            const int next = std::min(column + columnsAtOnce<Lanes>, block.first);
+        for (int column = panel.first(); column < block.first; column += columnsAtOnce<Lanes>) {
+            const int end = std::min(column + columnsAtOnce<Lanes>, block.first);
             if (i > 0)
                 rotateTiles<Lanes>(matrix, panel, i - 1, block.first, block.first + blockSize,
-                                   column, next);
-            for (; column < next && i < panel.count(); column += tileWidth)
-                CarryAlong::run<Lanes>(block.x, matrix.at(block.first, column), panel, i, column);
-            column = next;
+                                   column, end);
+            if (i == panel.count())
+                continue;
+            if (column == panel.first()) // All ip before have reached column ip by now.
+                for (int q = 0; q < blockSize; ++q)
+                    block.x[q] = *matrix.at(block.first + q, panel.first() + i);
+            for (int tile = column; tile < end; tile += tileWidth)
+                CarryAlong::run<Lanes>(block.x, matrix.at(block.first, tile), panel, i, tile);
         }
     }
 
