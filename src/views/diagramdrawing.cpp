@@ -5,6 +5,7 @@
 
 #include "views/diagramgeometry.h"
 #include "views/diagramview.h"
+#include "views/drawingprogress.h"
 #include "views/factormodel.h"
 #include "views/zarneldelegate.h"
 
@@ -126,6 +127,7 @@ private:
     void drawLoadings()
     {
         DiagramDrawing::Texts values{.font = delegate().font(), .upright = true, .texts = {}};
+        DrawingMeter meter;
         for (int row = 1; row < m_model.rowCount(); ++row) {
             for (int column = 1; column < m_model.columnCount(); ++column) {
                 const LoadingMark mark =
@@ -133,6 +135,7 @@ private:
                 values.texts.push_back({mark.textOrigin, mark.textWidth, mark.text});
                 if (mark.hasCircle)
                     circlesOf(mark.fill).squares.push_back(mark.circle);
+                meter.count();
             }
         }
         m_drawing.texts.push_back(std::move(values));

@@ -45,4 +45,5 @@ struct DiagramDrawing
 
 /// Draws @p model at its diagram size in the order of its variables, with the present settings and
 /// a line below that says what the circles mean. Needs an application object, but no page.
+/// @throws std::bad_alloc when the memory does not suffice or the user cancels
 DiagramDrawing drawDiagram(factorModel* model);

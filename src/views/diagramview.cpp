@@ -3,11 +3,10 @@
 
 #include "views/diagramview.h"
 
-#include "numerics/progress.h"
+#include "views/drawingprogress.h"
 #include "views/factormodel.h"
 #include "views/zarneldelegate.h"
 
-#include <QBuffer>
 #include <QHeaderView>
 #include <QLayout>
 #include <QPixmap>
@@ -101,18 +100,6 @@ QImage inGreys(const QImage& image)
     return greys;
 }
 
-/// Compressing takes longer than drawing, so every piece of its output asks whether to go on. (The
-/// compressing library also prints a message when it is refused.)
-class WatchedBuffer : public QBuffer
-{
-protected:
-    qint64 writeData(const char* data, qint64 size) override
-    {
-        const bool wanted = pelmora::goOn({.work = pelmora::Progress::Work::Drawing});
-        return wanted ? QBuffer::writeData(data, size) : -1;
-    }
-};
-
 } // namespace
 
 void setUpDiagramView(QTableView* view, factorModel* model)
@@ -168,6 +155,7 @@ QImage diagramImage(factorModel* model)
 
 void writePng(std::ostream& out, const QImage& image)
 {
+    // The compressing library also prints a message when it is refused.
     WatchedBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     if (!inGreys(image).save(&buffer, "PNG"))

@@ -5,13 +5,14 @@
 
 #include "output/pdfstamp.h"
 #include "views/diagramdrawing.h"
+#include "views/drawingprogress.h"
 
-#include <QBuffer>
 #include <QDateTime>
 #include <QFontInfo>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QScopeGuard>
 #include <QXmlStreamWriter>
 
 #include <algorithm>
@@ -43,33 +44,48 @@ QPointF turned(QPoint place)
     return QPointF(-place.y(), place.x());
 }
 
-void paintTexts(QPainter& painter, const DiagramDrawing::Texts& texts)
+std::size_t marksOf(const DiagramDrawing& drawing)
+{
+    std::size_t marks = 0;
+    for (const auto& circles : drawing.circles)
+        marks += circles.squares.size();
+    for (const auto& texts : drawing.texts)
+        marks += texts.texts.size();
+    return marks;
+}
+
+void paintTexts(QPainter& painter, const DiagramDrawing::Texts& texts, DrawingMeter& meter)
 {
     painter.save();
+    const auto restore = qScopeGuard([&painter] { painter.restore(); });
     // Hinting fits outlines to pixels, and the file has none.
     QFont font = texts.font;
     font.setHintingPreference(QFont::PreferNoHinting);
     painter.setFont(font);
     if (texts.upright)
         painter.rotate(270.0);
-    for (const auto& [origin, width, text] : texts.texts)
+    for (const auto& [origin, width, text] : texts.texts) {
         painter.drawText(texts.upright ? turned(origin) : QPointF(origin), text);
-    painter.restore();
+        meter.count();
+    }
 }
 
 void paint(QPainter& painter, const DiagramDrawing& drawing)
 {
+    DrawingMeter meter(marksOf(drawing));
     painter.setPen(QPen(ruleColour, 1.0));
     for (const QLine& rule : drawing.rules)
         painter.drawLine(QLineF(rule).translated(halfPixel, halfPixel));
     painter.setPen(QPen(Qt::black, 1.0));
     for (const auto& [fill, squares] : drawing.circles) {
         painter.setBrush(fill);
-        for (const QRect& square : squares)
+        for (const QRect& square : squares) {
             painter.drawEllipse(centreOf(square), radiusOf(square), radiusOf(square));
+            meter.count();
+        }
     }
     for (const auto& texts : drawing.texts)
-        paintTexts(painter, texts);
+        paintTexts(painter, texts, meter);
 }
 
 QString fontFamilies(const QFont& font)
@@ -89,11 +105,17 @@ QString allowedText(QString text)
 class SvgWriter
 {
 public:
-    explicit SvgWriter(QByteArray* file) : m_xml(file) { m_xml.setAutoFormatting(true); }
-
-    void write(const DiagramDrawing& drawing, const QString& title)
+    SvgWriter(QByteArray* file, const DiagramDrawing& drawing)
+        : m_xml(file)
+        , m_drawing(drawing)
+        , m_meter(marksOf(drawing))
     {
-        const QSize size = drawing.size;
+        m_xml.setAutoFormatting(true);
+    }
+
+    void write(const QString& title)
+    {
+        const QSize size = m_drawing.size;
         m_xml.writeStartDocument();
         m_xml.writeStartElement(QStringLiteral("svg"));
         m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/2000/svg"));
@@ -101,11 +123,11 @@ public:
         attribute("height", size.height());
         attribute("viewBox", QStringLiteral("0 0 %1 %2").arg(size.width()).arg(size.height()));
         m_xml.writeTextElement(QStringLiteral("title"), allowedText(title));
-        writeRules(drawing.rules);
-        for (const auto& circles : drawing.circles)
+        writeRules();
+        for (const auto& circles : m_drawing.circles)
             writeCircles(circles);
-        for (const auto& texts : drawing.texts)
-            writeTexts(texts, drawing.dotsPerInch);
+        for (const auto& texts : m_drawing.texts)
+            writeTexts(texts);
         m_xml.writeEndDocument();
     }
 
@@ -118,11 +140,11 @@ private:
 
     void beginGroup() { m_xml.writeStartElement(QStringLiteral("g")); }
 
-    void writeRules(const std::vector<QLine>& rules)
+    void writeRules()
     {
         beginGroup();
         attribute("stroke", ruleColour.name());
-        for (const QLine& rule : rules) {
+        for (const QLine& rule : m_drawing.rules) {
             m_xml.writeEmptyElement(QStringLiteral("line"));
             attribute("x1", rule.x1() + halfPixel);
             attribute("y1", rule.y1() + halfPixel);
@@ -143,16 +165,17 @@ private:
             attribute("cx", centre.x());
             attribute("cy", centre.y());
             attribute("r", radiusOf(square));
+            m_meter.count();
         }
         m_xml.writeEndElement();
     }
 
-    void writeTexts(const DiagramDrawing::Texts& texts, int dotsPerInch)
+    void writeTexts(const DiagramDrawing::Texts& texts)
     {
         const QFontInfo info(texts.font);
         beginGroup();
         attribute("font-family", fontFamilies(texts.font));
-        attribute("font-size", info.pointSizeF() * dotsPerInch / pointsPerInch);
+        attribute("font-size", info.pointSizeF() * m_drawing.dotsPerInch / pointsPerInch);
         if (info.bold())
             attribute("font-weight", QStringLiteral("bold"));
         if (texts.centred)
@@ -166,11 +189,14 @@ private:
             attribute("y", begin.y());
             m_xml.writeCharacters(allowedText(text));
             m_xml.writeEndElement();
+            m_meter.count();
         }
         m_xml.writeEndElement();
     }
 
     QXmlStreamWriter m_xml;
+    const DiagramDrawing& m_drawing;
+    DrawingMeter m_meter;
 };
 
 } // namespace
@@ -188,7 +214,7 @@ QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QD
     const double scale = std::min(1.0, longestPage / std::max(points.width(), points.height()));
     QByteArray file;
     {
-        QBuffer buffer(&file);
+        WatchedBuffer buffer(&file);
         buffer.open(QIODevice::WriteOnly);
         QPdfWriter paper(&buffer);
         paper.setTitle(title);
@@ -202,6 +228,10 @@ QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QD
         painter.scale(scale, scale);
         paint(painter, drawing);
     }
+    // The writer does not tell that pieces were refused. It packs what has been painted anyway, ten
+    // megabytes in a row.
+    if (pelmora::isCancelled())
+        throw std::bad_alloc();
     stampPdf(file, created);
     return file;
 }
@@ -209,6 +239,6 @@ QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QD
 QByteArray svgFile(const DiagramDrawing& drawing, const QString& title)
 {
     QByteArray file;
-    SvgWriter(&file).write(drawing, title);
+    SvgWriter(&file, drawing).write(title);
     return file;
 }

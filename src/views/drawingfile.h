@@ -21,8 +21,9 @@ DrawingFormat drawingFormat(const QString& path, const QString& filter);
 /// @param created  the time that the file gives for itself. With the same time the same drawing
 ///                 gives the same bytes, provided that the program has called
 ///                 QHashSeed::setDeterministicGlobalSeed() at its start
-/// @throws std::bad_alloc
+/// @throws std::bad_alloc when the memory does not suffice or the user cancels
 QByteArray pdfFile(const DiagramDrawing& drawing, const QString& title, const QDateTime& created);
 
 /// The same drawing always gives the same bytes. Fonts are named, with others to fall back on.
+/// @throws std::bad_alloc when the memory does not suffice or the user cancels
 QByteArray svgFile(const DiagramDrawing& drawing, const QString& title);

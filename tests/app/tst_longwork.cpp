@@ -13,7 +13,10 @@
 #include <QRandomGenerator>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -216,6 +219,40 @@ private slots:
         QCOMPARE(contentsOf(old.path()), "old");
         QCOMPARE(QDir(old.folder()).entryList(QDir::Files | QDir::Hidden), QStringList("old.png"));
         QVERIFY(saved("ImageButton").startsWith("\x89PNG"));
+    }
+
+    void aCancelledDrawingLeavesTheFile_data()
+    {
+        const DataRows<QString> row("name");
+        row("pdf", "old.pdf");
+        row("svg", "old.svg");
+    }
+
+    void aCancelledDrawingLeavesTheFile()
+    {
+        QFETCH(QString, name);
+        read("actionDataASCII", SampleFile("data.txt", cases(60, 40)).path());
+        find<QSpinBox>("spinBoxNumberOfFactors")->setValue(30);
+        find<QPushButton>("processButton")->click();
+        pages()->setCurrentIndex(3);
+        const QList<QAction*> actions = find<QTableView>("tableFactors")->actions();
+        const auto save = std::ranges::find(actions, "Save as drawing\u2026", &QAction::text);
+        QVERIFY(save != actions.end());
+        const SampleFile old(name, "old");
+        m_dialogs.chooseFile(old.path());
+        m_dialogs.takeRecord();
+        m_seen.clear();
+        m_cancelAt = "Drawing the image";
+        (*save)->trigger();
+        m_cancelAt.clear();
+        QCOMPARE(m_seen, QStringList("Drawing the image"));
+        QCOMPARE(m_dialogs.takeRecord().filter("Error"), QStringList());
+        QCOMPARE(contentsOf(old.path()), "old");
+        QCOMPARE(QDir(old.folder()).entryList(QDir::Files | QDir::Hidden), QStringList(name));
+
+        m_dialogs.chooseFile(old.path());
+        (*save)->trigger();
+        QVERIFY(contentsOf(old.path()).size() > 10000);
     }
 
     void nothingElseCanBeDoneMeanwhile()

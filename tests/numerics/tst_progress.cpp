@@ -4,36 +4,12 @@
 #include "numerics/progress.h"
 
 #include "rotationdifference.h"
+#include "support/answers.h"
 
 #include <QTest>
 
 using namespace pelmora;
 using namespace numericstest;
-
-namespace {
-
-/// Lets some questions pass, then cancels; notes what was asked.
-class Answers
-{
-public:
-    explicit Answers(int yes)
-    {
-        left = yes;
-        asked.clear();
-        setProgressReport([](const Progress& progress) {
-            asked.push_back(progress);
-            return left-- > 0;
-        });
-    }
-    ~Answers() { setProgressReport(nullptr); }
-
-    inline static int left = 0;
-    inline static std::vector<Progress> asked;
-};
-
-constexpr int always = std::numeric_limits<int>::max();
-
-} // namespace
 
 class TestProgress : public QObject
 {
@@ -56,7 +32,7 @@ void TestProgress::askingChangesNoBit()
     const Eigenpairs pairs(correlations.clone());
     const Rotation rotation = rotated(pairs.initialLoadings(), 30, PelmoraRotation);
 
-    const Answers answers(always);
+    const Answers answers(Answers::always);
     const Matrix again = correlationsOf(sameData);
     QCOMPARE(difference(again, correlations), QString());
     QCOMPARE(difference(sameData, data), QString());

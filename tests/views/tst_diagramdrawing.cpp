@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
+#include "support/answers.h"
+#include "support/datarows.h"
 #include "views/diagramdrawing.h"
 #include "views/diagramview.h"
 #include "views/drawingfile.h"
@@ -12,6 +14,7 @@
 #include <QXmlStreamReader>
 
 #include <cmath>
+#include <new>
 
 namespace {
 
@@ -160,6 +163,40 @@ private slots:
         model.setDiagramSize(125);
         const QByteArray pdf = pdfFile(drawDiagram(&model), "title", epoch);
         QCOMPARE(pageOf(pdf).height(), 14400);
+    }
+
+    void filesCanBeCancelledUntilTheEnd_data()
+    {
+        const DataRows<std::function<QByteArray(const DiagramDrawing&)>> row("file");
+        row("pdf", [](const DiagramDrawing& drawing) { return pdfFile(drawing, "title", epoch); });
+        row("svg", [](const DiagramDrawing& drawing) { return svgFile(drawing, "title"); });
+    }
+
+    void filesCanBeCancelledUntilTheEnd()
+    {
+        QFETCH(std::function<QByteArray(const DiagramDrawing&)>, file);
+        NamedMatrix many{pelmora::Matrix(60, 40), VariableNames(60)};
+        for (int i = 0; i < 60; ++i)
+            std::fill_n(many.values[i], 40, 0.5);
+        factorModel model(many, 40, nullptr);
+        const QByteArray complete = file(drawDiagram(&model));
+
+        std::size_t drawing = 0;
+        std::size_t all = 0;
+        {
+            const Answers answers(Answers::always);
+            const DiagramDrawing drawn = drawDiagram(&model);
+            drawing = Answers::asked.size();
+            QVERIFY(file(drawn) == complete);
+            all = Answers::asked.size();
+        }
+        QVERIFY2(0 < drawing && drawing < all,
+                 qPrintable(QString("%1 of %2").arg(drawing).arg(all)));
+        for (const std::size_t yes : {std::size_t(0), drawing - 1, drawing, all - 1}) {
+            const Answers answers(static_cast<int>(yes));
+            QVERIFY_THROWS_EXCEPTION(std::bad_alloc, file(drawDiagram(&model)));
+            QCOMPARE(Answers::asked.size(), yes + 1);
+        }
     }
 };
 
