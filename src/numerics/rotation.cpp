@@ -41,7 +41,8 @@ void pair_angles(const double* const* l, int j, int k, int p, double& angle1, do
     const AlignedRows columns = twoColumns(l, j, k, p);
     angle1 = angle2 = std::nan("");
     if (!columns.isNull())
-        std::tie(angle1, angle2) = stationaryAngles(pairSums(columns[0], columns[1], p), p);
+        std::tie(angle1, angle2) =
+            stationaryAngles(pairTangents(pairSums(columns[0], columns[1], p), p));
 }
 
 double rotation_sweep(double** l, double** b, int m, int p, int method)

@@ -55,9 +55,10 @@ void TestRotation::equalsThePlainFormToTheBit_data()
 {
     QTest::addColumn<int>("variables");
     QTest::addColumn<int>("factors");
-    const std::vector<std::pair<int, int>> shapes{
-        {5, 0},   {5, 1},  {2, 2},  {3, 2},  {3, 3},   {4, 2},  {5, 4},   {6, 5},   {7, 7},
-        {12, 12}, {14, 3}, {18, 6}, {24, 4}, {25, 10}, {31, 9}, {33, 12}, {38, 11}, {60, 3}};
+    const std::vector<std::pair<int, int>> shapes{{5, 0},   {5, 1},   {2, 2},  {3, 2},   {3, 3},
+                                                  {4, 2},   {5, 4},   {6, 5},  {7, 7},   {12, 12},
+                                                  {14, 3},  {18, 6},  {24, 4}, {25, 10}, {31, 9},
+                                                  {33, 12}, {38, 11}, {60, 3}, {45, 22}};
     for (const auto& [variables, factors] : shapes)
         QTest::addRow("%d variables, %d factors", variables, factors) << variables << factors;
 }

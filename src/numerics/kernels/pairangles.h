@@ -3,20 +3,25 @@
 
 #pragma once
 
+#include "numerics/kernels/lanes.h"
+
 #include <cmath>
 #include <utility>
 
 namespace pelmora {
 
 /// The sums over the rows of a pair of columns x, y, with u = x^2 - y^2 and w = x y, that its
-/// angles are made of.
-struct PairSums
+/// angles are made of. Real is a number, or a vector with a pair in each lane.
+template <typename Real>
+struct SumsOfPairs
 {
-    double A; ///< of u
-    double W; ///< of w
-    double C; ///< of u w
-    double E; ///< of -u^2 / 2 + 2 w^2
+    Real A; ///< of u
+    Real W; ///< of w
+    Real C; ///< of u w
+    Real E; ///< of -u^2 / 2 + 2 w^2
 };
+
+using PairSums = SumsOfPairs<double>;
 
 /// (b - q) and (b + q) are the tangents of twice the stationary angles.
 ///
@@ -39,20 +44,30 @@ struct PairTangents
     double q;
 };
 
-inline PairTangents pairTangents(const PairSums& sums, int p)
+template <typename Real>
+PELMORA_ALWAYS_INLINE void findBAndSquareOfQ(const SumsOfPairs<Real>& sums, int p, Real& b,
+                                             Real& squareOfQ)
 {
-    const auto [A, W, C, E] = sums;
-    const double D = A * W / p - C;
-    const double b = 0.5 * (-(A * A / (2.0 * p) + -2.0 * W * W / p + E) / D);
+    const auto& [A, W, C, E] = sums;
+    const Real D = A * W / double(p) - C;
+    b = 0.5 * (-(A * A / (2.0 * p) + -2.0 * W * W / double(p) + E) / D);
     // The quotient is -1; it is NaN for D == 0 and makes both angles so. A finished pair stays put
     // since b - q cancels to exactly 0, on purpose: a numerically stabler form would not.
-    return {b, std::sqrt(b * b - -D / D)};
+    squareOfQ = b * b - -D / D;
+}
+
+inline PairTangents pairTangents(const PairSums& sums, int p)
+{
+    PairTangents tangents;
+    findBAndSquareOfQ(sums, p, tangents.b, tangents.q);
+    tangents.q = std::sqrt(tangents.q);
+    return tangents;
 }
 
 /// Both stationary angles, the one nearest to zero first.
-inline std::pair<double, double> stationaryAngles(const PairSums& sums, int p)
+inline std::pair<double, double> stationaryAngles(const PairTangents& tangents)
 {
-    const auto [b, q] = pairTangents(sums, p);
+    const auto [b, q] = tangents;
     const double minus = 0.5 * std::atan(b - q);
     const double plus = 0.5 * std::atan(b + q);
     return std::fabs(minus) > std::fabs(plus) ? std::pair(plus, minus) : std::pair(minus, plus);
@@ -60,13 +75,13 @@ inline std::pair<double, double> stationaryAngles(const PairSums& sums, int p)
 
 /// The first of both angles. Mostly the sign of b tells which one that is, and one arc tangent will
 /// do: the two then differ by much more than its error.
-inline double nearestAngle(const PairSums& sums, int p)
+inline double nearestAngle(const PairTangents& tangents)
 {
-    const auto [b, q] = pairTangents(sums, p);
+    const auto [b, q] = tangents;
     const double size = std::fabs(b);
     if (size > 1e-3 && size < 1e100)
         return 0.5 * std::atan(b < 0.0 ? b + q : b - q);
-    return stationaryAngles(sums, p).first;
+    return stationaryAngles(tangents).first;
 }
 
 } // namespace pelmora

@@ -1,15 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// The loops of the rotations over contiguous columns. The four sums of a pair are the lanes of one
-// vector (or of two): the terms of some rows are formed side by side, transposed, and added one row
-// after the other. Such a chain of additions is bound by their latency, so the hot loop carries two
-// of them, and forms the sums of the next pairs from the columns that it rotates.
+// The loops of the rotations over contiguous columns. Sums lie in the lanes of vectors and are
+// added up one row after the other. With three pairs or four, each has a lane: a block of their
+// columns is transposed, and all that follows works on a row of it at once. For fewer, the lanes
+// are the sums of one pair: the terms of some rows are formed side by side and then transposed,
+// which takes twice as many shuffles for a pair, but no lane is idle.
 
 #include "numerics/kernels/rotationkernels.h"
 
 #include "numerics/kernels/lanes.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 namespace pelmora {
@@ -61,15 +65,23 @@ struct FourSums<TwoLanes>
 };
 
 template <typename Lanes>
+PELMORA_ALWAYS_INLINE void formTerms(const Lanes& x, const Lanes& y, SumsOfPairs<Lanes>& terms)
+{
+    const Lanes u = x * x - y * y;
+    const Lanes w = x * y;
+    terms = {u, w, u * w, -0.5 * (u * u) + w * (w + w)};
+}
+
+template <typename Lanes>
 struct PairChain
 {
     FourSums<Lanes> sums;
 
     PELMORA_ALWAYS_INLINE void add(const Lanes& x, const Lanes& y)
     {
-        const Lanes u = x * x - y * y;
-        const Lanes w = x * y;
-        sums.add(u, w, u * w, -0.5 * (u * u) + w * (w + w));
+        SumsOfPairs<Lanes> terms;
+        formTerms(x, y, terms);
+        sums.add(terms.A, terms.W, terms.C, terms.E);
     }
 
     PELMORA_ALWAYS_INLINE PairSums result() const { return {sums[0], sums[1], sums[2], sums[3]}; }
@@ -130,21 +142,84 @@ struct SumPair
     }
 };
 
-struct SumTwoPairs
+struct FindTangents
 {
     template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(const TwoPairs& pairs, int p, PairSums& sums,
-                                          PairSums& otherSums)
+    static constexpr std::size_t lanes = laneCount<Lanes>;
+
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void addBlock(const double* const (&x)[lanes<Lanes>],
+                                               const double* const (&y)[lanes<Lanes>], int i,
+                                               SumsOfPairs<Lanes>& sums)
     {
-        PairChain<Lanes> chain;
-        PairChain<Lanes> otherChain;
-        for (int i = 0; i < p; i += laneCount<Lanes>) {
-            chain.add(lanesAt<Lanes>(pairs.x + i).values, lanesAt<Lanes>(pairs.next + i).values);
-            otherChain.add(lanesAt<Lanes>(pairs.otherX + i).values,
-                           lanesAt<Lanes>(pairs.y + i).values);
+        Lanes rowsX[lanes<Lanes>];
+        Lanes rowsY[lanes<Lanes>];
+        for (std::size_t a = 0; a < lanes<Lanes>; ++a) {
+            rowsX[a] = lanesAt<Lanes>(x[a] + i).values;
+            rowsY[a] = lanesAt<Lanes>(y[a] + i).values;
         }
-        sums = chain.result();
-        otherSums = otherChain.result();
+        transpose(rowsX);
+        transpose(rowsY);
+        for (std::size_t row = 0; row < lanes<Lanes>; ++row) {
+            SumsOfPairs<Lanes> terms;
+            formTerms(rowsX[row], rowsY[row], terms);
+            sums.A += terms.A;
+            sums.W += terms.W;
+            sums.C += terms.C;
+            sums.E += terms.E;
+        }
+    }
+
+    /// A pair in each lane; lanes without one repeat the last.
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void findMany(const AlignedRows& columns,
+                                               const DisjointPairs& pairs, int first, int p,
+                                               PairTangents* tangents)
+    {
+        const double* x[lanes<Lanes>];
+        const double* y[lanes<Lanes>];
+        for (int a = 0; a < laneCount<Lanes>; ++a) {
+            const auto& [j, k] = pairs[std::min(first + a, pairs.count() - 1)];
+            x[a] = columns[j];
+            y[a] = columns[k];
+        }
+        SumsOfPairs<Lanes> sums = {};
+        for (int i = 0; i < p; i += laneCount<Lanes>)
+            addBlock(x, y, i, sums);
+        Lanes b;
+        Lanes squareOfQ;
+        findBAndSquareOfQ(sums, p, b, squareOfQ);
+        for (int a = 0; a < laneCount<Lanes>; ++a)
+            tangents[first + a] = {b[a], std::sqrt(squareOfQ[a])};
+    }
+
+    template <typename Lanes, int count>
+    PELMORA_ALWAYS_INLINE static void findFew(const AlignedRows& columns,
+                                              const DisjointPairs& pairs, int first, int p,
+                                              PairTangents* tangents)
+    {
+        PairChain<Lanes> chains[std::size_t(count)];
+        for (int i = 0; i < p; i += laneCount<Lanes>)
+            for (int a = 0; a < count; ++a) {
+                const auto& [j, k] = pairs[first + a];
+                chains[a].add(lanesAt<Lanes>(columns[j] + i).values,
+                              lanesAt<Lanes>(columns[k] + i).values);
+            }
+        for (int a = 0; a < count; ++a)
+            tangents[first + a] = pairTangents(chains[a].result(), p);
+    }
+
+    template <typename Lanes>
+    PELMORA_ALWAYS_INLINE static void run(const AlignedRows& columns, const DisjointPairs& pairs,
+                                          int p, PairTangents (&tangents)[DisjointPairs::most])
+    {
+        int first = 0;
+        for (; pairs.count() - first > laneCount<Lanes> / 2; first += laneCount<Lanes>)
+            findMany<Lanes>(columns, pairs, first, p, tangents);
+        if (pairs.count() - first == 2)
+            findFew<Lanes, 2>(columns, pairs, first, p, tangents);
+        else if (pairs.count() - first == 1)
+            findFew<Lanes, 1>(columns, pairs, first, p, tangents);
     }
 };
 
@@ -210,31 +285,6 @@ struct RotateColumnsInto
     }
 };
 
-struct RotateTwoPairs
-{
-    template <typename Lanes>
-    PELMORA_ALWAYS_INLINE static void run(const TwoPairs& pairs, int p, ColumnRotation rotation,
-                                          ColumnRotation otherRotation, PairSums& sums,
-                                          PairSums& otherSums)
-    {
-        const auto [x, y, otherX, otherY, next] = pairs;
-        PairChain<Lanes> chain;
-        PairChain<Lanes> otherChain;
-        for (int i = 0; i < p; i += laneCount<Lanes>) {
-            Lanes newX;
-            Lanes newY;
-            rotateInPlace(x + i, y + i, rotation, newX, newY);
-            chain.add(newX, lanesAt<Lanes>(next + i).values);
-            Lanes newOtherX;
-            Lanes newOtherY;
-            rotateInPlace(otherX + i, otherY + i, otherRotation, newOtherX, newOtherY);
-            otherChain.add(newOtherX, newY);
-        }
-        sums = chain.result();
-        otherSums = otherChain.result();
-    }
-};
-
 } // namespace
 
 PairSums pairSums(const double* x, const double* y, int p)
@@ -242,9 +292,10 @@ PairSums pairSums(const double* x, const double* y, int p)
     return runKernel<SumPair>(x, y, p);
 }
 
-void sumTwoPairs(const TwoPairs& pairs, int p, PairSums& sums, PairSums& otherSums)
+void findTangents(const AlignedRows& columns, const DisjointPairs& pairs, int p,
+                  PairTangents (&tangents)[DisjointPairs::most])
 {
-    runKernel<SumTwoPairs>(pairs, p, sums, otherSums);
+    runKernel<FindTangents>(columns, pairs, p, tangents);
 }
 
 Criteria columnCriteria(const double* x, const double* y, int p)
@@ -266,12 +317,6 @@ Criteria rotateColumnsInto(const double* x, const double* y, int p, ColumnRotati
                            double* newX, double* newY)
 {
     return runKernel<RotateColumnsInto>(x, y, p, rotation, newX, newY);
-}
-
-void rotateTwoPairs(const TwoPairs& pairs, int p, ColumnRotation rotation,
-                    ColumnRotation otherRotation, PairSums& sums, PairSums& otherSums)
-{
-    runKernel<RotateTwoPairs>(pairs, p, rotation, otherRotation, sums, otherSums);
 }
 
 } // namespace pelmora

@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Pelmora Developers
 // SPDX-License-Identifier: MIT
 
-// How the sweeps use the loops of rotationkernels.cpp. The pairs keep the order of the plain loops,
-// with one exception, which changes no bit: pairs (j, k) and (j + 1, k - 1) have no column in
-// common, so the plain sweep rotates factors j and j + 1 against the others in one pass, the second
-// one column behind the first.
+// How the sweeps use the loops of rotationkernels.cpp. The method-aware and the improving sweep
+// take the pairs in the order of the plain loops, (0, 1), (0, 2) and so on. The plain sweep, in
+// which nearly all time is spent, takes them by the sum of their indices, which changes no bit: of
+// two pairs with a column in common, the one that comes first in the plain loops has the smaller
+// sum too, and pairs without one can change places. So neighbours in this order have mostly no
+// column in common, and their sums are formed together. Coefficients decide nothing; they are
+// rotated while the processor waits for the angles of the pairs that come next.
 
 #include "numerics/kernels/rotationsweeps.h"
 
@@ -51,7 +54,7 @@ RotationSweeps::RotationSweeps(double** l, double** b, int m, int p, int method)
     , m_l(m + 1, p)
     , m_b(m, p)
     , m_meter({.work = Progress::Work::Rotation, .factors = m})
-    , m_work(3, p)
+    , m_work(2, p)
 {
     if (isNull()) {
         fillWithNan(l, p, m);
@@ -92,12 +95,6 @@ std::optional<ColumnRotation> RotationSweeps::rotationBy(double angle, int j, in
     return ColumnRotation{std::sin(angle), std::cos(angle)};
 }
 
-std::optional<ColumnRotation> RotationSweeps::nearestRotation(const PairSums& sums, int j,
-                                                              int k) const
-{
-    return rotationBy(nearestAngle(sums, m_variables), j, k);
-}
-
 double RotationSweeps::criterionOf(int j) const
 {
     return columnCriteria(m_l[j], m_l[j], m_variables).x;
@@ -113,7 +110,7 @@ std::optional<ColumnRotation> RotationSweeps::methodAwareRotation(int j, int k)
 {
     PairSums sums;
     const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
-    const auto [angle1, angle2] = stationaryAngles(sums, m_variables);
+    const auto [angle1, angle2] = stationaryAngles(pairTangents(sums, m_variables));
     const std::optional<ColumnRotation> first = rotationBy(angle1, j, k);
     if (first && isBetter(current, trialOf(*first, j, k)))
         return rotationBy(angle2, j, k);
@@ -124,7 +121,7 @@ std::optional<ColumnRotation> RotationSweeps::improvingRotation(int j, int k)
 {
     PairSums sums;
     const double current = criteriaAndSums(m_l[j], m_l[k], m_variables, sums).sum();
-    const auto [angle1, angle2] = stationaryAngles(sums, m_variables);
+    const auto [angle1, angle2] = stationaryAngles(pairTangents(sums, m_variables));
     for (double angle : {angle1, angle2}) {
         const std::optional<ColumnRotation> candidate = rotationBy(angle, j, k);
         if (candidate && isBetter(trialOf(*candidate, j, k), current))
@@ -169,65 +166,65 @@ void RotationSweeps::improvingSweep()
                 rotate(j, k, *best);
 }
 
-void RotationSweeps::rotateToNearest(int j, int k)
+void RotationSweeps::rotateWaiting()
 {
-    if (const auto nearest = nearestRotation(pairSums(m_l[j], m_l[k], m_variables), j, k))
-        rotate(j, k, *nearest);
-}
-
-/// Rotates pair (j, k) and, unless it is too early for it, pair (j + 1, k - 1), whose sums are
-/// given. Leaves the sums of the next pairs (j, k + 1) and (j + 1, k). After the last column comes
-/// one of zeros.
-void RotationSweeps::advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums)
-{
-    const int p = m_variables;
-    const auto first = nearestRotation(sums, j, k);
-    const auto second = otherSums ? nearestRotation(*otherSums, j + 1, k - 1) : std::nullopt;
-    const TwoPairs pairs{m_l[j], m_l[k], m_l[j + 1], m_l[k - 1],
-                         k + 1 < m_factors ? m_l[k + 1] : m_work[2]};
-    if (first && second) {
-        rotateTwoPairs(pairs, p, *first, *second, sums, *otherSums);
-        rotateColumns(m_b[j], m_b[k], p, *first);
-        rotateColumns(m_b[j + 1], m_b[k - 1], p, *second);
-        return;
+    for (int i = 0; i < m_waitingCount; ++i) {
+        const auto& [pair, by] = m_waiting[i];
+        rotateColumns(m_b[pair.j], m_b[pair.k], m_variables, by);
     }
-    if (first)
-        rotate(j, k, *first);
-    if (second)
-        rotate(j + 1, k - 1, *second);
-    sumTwoPairs(pairs, p, sums, otherSums.emplace());
+    m_waitingCount = 0;
 }
 
-void RotationSweeps::refineTwoFactors(int j)
+/// False: cancelled.
+bool RotationSweeps::refine(const DisjointPairs& pairs)
 {
-    rotateToNearest(j, j + 1);
-    PairSums sums = pairSums(m_l[j], m_l[j + 2], m_variables);
-    std::optional<PairSums> otherSums;
-    for (int k = j + 2; k < m_factors; ++k)
-        advance(j, k, sums, otherSums);
-    if (const auto last = nearestRotation(*otherSums, j + 1, m_factors - 1))
-        rotate(j + 1, m_factors - 1, *last);
+    if (!goOnAfterPairs(pairs.count()))
+        return false;
+    PairTangents tangents[DisjointPairs::most];
+    findTangents(m_l, pairs, m_variables, tangents);
+    rotateWaiting();
+    for (int i = 0; i < pairs.count(); ++i) {
+        const auto& [j, k] = pairs[i];
+        if (const auto nearest = rotationBy(nearestAngle(tangents[i]), j, k)) {
+            rotateColumns(m_l[j], m_l[k], m_variables, *nearest);
+            m_waiting[m_waitingCount++] = {pairs[i], *nearest};
+        }
+    }
+    return true;
+}
+
+/// The same for all pairs.
+bool RotationSweeps::refineAll()
+{
+    DisjointPairs pairs;
+    for (int sum = 1; sum <= 2 * m_factors - 3; ++sum)
+        for (int j = std::max(0, sum - m_factors + 1); 2 * j < sum; ++j) {
+            const ColumnPair pair{j, sum - j};
+            if (pairs.add(pair))
+                continue;
+            if (!refine(pairs))
+                return false;
+            pairs = {};
+            pairs.add(pair);
+        }
+    return refine(pairs);
 }
 
 double RotationSweeps::plainSweep()
 {
     ++m_meter.progress().sweep;
+    if (!refineAll())
+        return cancelledTotal;
+    rotateWaiting();
     double criterion = 0.0;
     int j = 0;
     for (; j + 2 < m_factors; j += 2) {
-        if (!goOnAfterPairs(2 * (m_factors - j)))
-            return cancelledTotal;
-        refineTwoFactors(j);
         const Criteria criteria = columnCriteria(m_l[j], m_l[j + 1], m_variables);
         criterion += criteria.x;
         criterion += criteria.y;
     }
-    if (!goOnAfterPairs(1))
-        return cancelledTotal;
-    if (j + 1 < m_factors) {
-        rotateToNearest(j, j + 1);
+    if (j + 1 < m_factors)
         criterion += criterionOf(j);
-    }
     return criterion + criterionOf(m_factors);
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "numerics/kernels/alignedrows.h"
+#include "numerics/kernels/disjointpairs.h"
 #include "numerics/kernels/rotationkernels.h"
 #include "numerics/progress.h"
 
@@ -37,17 +38,23 @@ public:
     void putBack();
 
 private:
+    /// Carried out on the loadings, not yet on the coefficients.
+    struct WaitingRotation
+    {
+        ColumnPair pair;
+        ColumnRotation by;
+    };
+
     std::optional<ColumnRotation> rotationBy(double angle, int j, int k) const;
-    std::optional<ColumnRotation> nearestRotation(const PairSums& sums, int j, int k) const;
     std::optional<ColumnRotation> methodAwareRotation(int j, int k);
     std::optional<ColumnRotation> improvingRotation(int j, int k);
     double criterionOf(int j) const;
     double trialOf(ColumnRotation rotation, int j, int k);
     void rotate(int j, int k, ColumnRotation by);
-    void rotateToNearest(int j, int k);
-    void refineTwoFactors(int j);
     bool goOnAfterPairs(int pairs);
-    void advance(int j, int k, PairSums& sums, std::optional<PairSums>& otherSums);
+    void rotateWaiting();
+    bool refine(const DisjointPairs& pairs);
+    bool refineAll();
 
     double** m_givenL;
     double** m_givenB;
@@ -57,7 +64,9 @@ private:
     AlignedRows m_l;
     AlignedRows m_b;
     ProgressMeter m_meter;
-    AlignedRows m_work; // two columns for a trial, and one of zeros
+    AlignedRows m_work; // two columns for a trial
+    WaitingRotation m_waiting[DisjointPairs::most];
+    int m_waitingCount = 0;
 };
 
 } // namespace pelmora
