@@ -15,8 +15,9 @@
 
 namespace {
 
-/// Passes a stream's bytes to a device in large pieces. Opens it only for the first piece, so
-/// that a file written directly is not emptied when the writer fails before.
+/// Passes a stream's bytes to a device in large pieces. A device that is not open yet is opened for
+/// the first piece only, so that a file written directly is not emptied when the writer fails
+/// before.
 class DeviceBuffer : public std::streambuf
 {
 public:
@@ -78,10 +79,26 @@ bool isReplaceable(const QString& path)
 
 /// Opens an existing file without changing it: not everybody who may replace a file may write to
 /// it, and this way the reason comes from the system.
-bool isWritable(QFile& file)
+bool isWritable(const QString& path, QString& reason)
 {
+    QFile file(path);
     const bool opened = file.open(QIODevice::Append | QIODevice::ExistingOnly);
-    file.close();
+    reason = file.errorString();
+    return opened;
+}
+
+/// Whether @p path can be written, as far as can be seen before there is anything to write: making
+/// that may take long. Leaves @p device open where opening it empties nothing.
+bool canBegin(QFileDevice& device, QIODevice::OpenMode mode, bool replaces, const QString& path,
+              QString& reason)
+{
+    const QFileInfo file(path);
+    if (file.isFile())
+        return isWritable(path, reason);
+    if (!replaces && !file.exists())
+        return true; // and no empty file stays when there is nothing to write
+    const bool opened = device.open(mode);
+    reason = device.errorString();
     return opened;
 }
 
@@ -122,12 +139,11 @@ writeFile(const QString& path, const std::function<void(std::ostream&)>& write, 
     QSaveFile second(path);
     second.setDirectWriteFallback(true);
     const bool replaces = isReplaceable(path);
-    if (replaces && QFileInfo::exists(path) && !isWritable(straight))
-        return WriteFailure{Step::Opening, path, straight.errorString()};
-
     QFileDevice& device = replaces ? static_cast<QFileDevice&>(second) : straight;
     QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
     mode.setFlag(QIODevice::Text, lineEnds == LineEnds::OfThePlatform);
+    if (QString reason; !canBegin(device, mode, replaces, path, reason))
+        return WriteFailure{Step::Opening, path, reason};
     if (auto failure = fill(device, mode, path, write)) {
         second.cancelWriting();
         return failure;
