@@ -38,10 +38,11 @@ class Painting : public QObject
 public:
     explicit Painting(QWidget* widget) { widget->installEventFilter(this); }
 
+    /// Asleep where there is nothing to do, since the processor's time counts.
     void wait() const
     {
         while (!m_seen)
-            QCoreApplication::processEvents();
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 
     bool eventFilter(QObject*, QEvent* event) override

@@ -9,6 +9,7 @@
 #include "numerics/factoranalysis.h"
 #include "numerics/initialfactors.h"
 #include "numerics/jacobi.h"
+#include "numerics/numberoffactors.h"
 #include "numerics/owners.h"
 #include "numerics/rotation.h"
 #include "plain/numerics.h"
@@ -25,12 +26,6 @@ using namespace pelmora;
 namespace {
 
 constexpr int methods[] = {PelmoraRotation, VarimaxRotation, NoRotation};
-
-int proposedFactors(const Vector& eigenvalues)
-{
-    const auto large = [](double value) { return value >= 1.0; };
-    return std::max(2, int(std::count_if(eigenvalues.begin(), eigenvalues.end(), large)));
-}
 
 double fastRoad(const QString& path)
 {

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QSettings>
+#include <QSplashScreen>
 
 #include <cstdio>
 #include <ctime>
@@ -32,17 +33,28 @@ namespace {
     _exit(0);
 }
 
-/// Ends the program when its first window has been painted.
+/// Ends the program when its first window has been painted; without the time when that is none of
+/// the class that was to come.
 class FirstPainting : public QObject
 {
 public:
+    explicit FirstPainting(const QMetaObject& expected) : m_expected(expected) {}
+
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         const auto* widget = qobject_cast<const QWidget*>(watched);
-        if (event->type() == QEvent::Paint && widget && widget->isWindow())
-            QMetaObject::invokeMethod(this, tellTheTime, Qt::QueuedConnection);
+        if (event->type() != QEvent::Paint || !widget || !widget->isWindow())
+            return false;
+        if (!widget->metaObject()->inherits(&m_expected)) {
+            std::fprintf(stderr, "%s came first\n", widget->metaObject()->className());
+            _exit(1);
+        }
+        QMetaObject::invokeMethod(this, tellTheTime, Qt::QueuedConnection);
         return false;
     }
+
+private:
+    const QMetaObject& m_expected;
 };
 
 } // namespace
@@ -56,7 +68,8 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QFile::decodeName(argv[2]));
-    FirstPainting painting;
+    FirstPainting painting(what == "welcome" ? QSplashScreen::staticMetaObject
+                                             : QMainWindow::staticMetaObject);
     application.installEventFilter(&painting);
     if (what == "bare" || what == "word") {
         QMainWindow window;
