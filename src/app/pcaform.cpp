@@ -43,10 +43,9 @@ PCAForm::PCAForm(PelmoraSession* session, QWidget* tabWidget)
                 .value(row);
         },
         [](int column) { return QString::number(column + 1); });
-    for (auto* model : {m_eigenvectorModel, m_loadingModel}) {
+    for (auto* model : {m_eigenvectorModel, m_loadingModel})
         model->setHeaders(model->nameHeader(), factorTitle);
-        model->setNames(m_names.texts());
-    }
+    showNames();
 
     m_ui->tableWidgetEigenwerte->setModel(m_eigenvalueModel);
     m_ui->tableWidgetEigenvektoren->setModel(m_eigenvectorModel);
@@ -91,8 +90,14 @@ void PCAForm::on_variableNamesChanged(QVector<QString> const& names)
     if (names.size() != static_cast<qsizetype>(m_names.size()))
         return;
     m_names = m_names.renamed(names);
-    m_eigenvectorModel->setNames(m_names.texts());
-    m_loadingModel->setNames(m_names.texts());
+    showNames();
+}
+
+void PCAForm::showNames()
+{
+    const QVector<QString> texts = m_names.texts();
+    m_eigenvectorModel->setNames(texts);
+    m_loadingModel->setNames(texts);
 }
 
 void PCAForm::on_processButton_clicked()

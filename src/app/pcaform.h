@@ -46,6 +46,7 @@ private slots:
 private:
     using Write = std::function<void(std::ostream&, unsigned decimals)>;
     void save(const QString& filter, const Write& write);
+    void showNames();
     void releaseSessionData();
 
     std::unique_ptr<Ui::PCAForm> m_ui;
