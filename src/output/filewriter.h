@@ -32,8 +32,7 @@ enum class LineEnds { AsWritten, OfThePlatform };
 /// and flushed. A symbolic link stays and its target is written. Where the file cannot be replaced
 /// the bytes go straight into it: whatever is no regular file (a device, a pipe, the standard
 /// output), and a file in a folder where no other can be created. What cannot be opened is told
-/// before
-/// @p write is called.
+/// before anything is written.
 /// @param write  writes bytes, text as Latin-1. The stream throws std::ios_base::failure; any other
 ///               std::exception gives the file up with its message as the reason
 /// @return nothing when all is written
