@@ -118,13 +118,11 @@ PELMORA_ALWAYS_INLINE void rotatePair(Lanes& x, Lanes& y, ColumnRotation rotatio
     y = -(oldX * rotation.s) + y * rotation.c;
 }
 
-/// Rotates a pair and leaves the results in @p x and @p y too.
 template <typename Lanes>
-PELMORA_ALWAYS_INLINE void rotateInPlace(double* columnX, double* columnY, ColumnRotation rotation,
-                                         Lanes& x, Lanes& y)
+PELMORA_ALWAYS_INLINE void rotateInPlace(double* columnX, double* columnY, ColumnRotation rotation)
 {
-    x = lanesAt<Lanes>(columnX).values;
-    y = lanesAt<Lanes>(columnY).values;
+    Lanes x = lanesAt<Lanes>(columnX).values;
+    Lanes y = lanesAt<Lanes>(columnY).values;
     rotatePair(x, y, rotation);
     lanesAt<Lanes>(columnX).values = x;
     lanesAt<Lanes>(columnY).values = y;
@@ -259,10 +257,11 @@ struct RotateColumns
     template <typename Lanes>
     PELMORA_ALWAYS_INLINE static void run(double* x, double* y, int p, ColumnRotation rotation)
     {
-        Lanes newX;
-        Lanes newY;
-        for (int i = 0; i < p; i += laneCount<Lanes>)
-            rotateInPlace(x + i, y + i, rotation, newX, newY);
+        constexpr int lanes = laneCount<Lanes>;
+        for (int i = 0; i < p; i += 2 * lanes) {
+            rotateInPlace<Lanes>(x + i, y + i, rotation);
+            rotateInPlace<Lanes>(x + i + lanes, y + i + lanes, rotation);
+        }
     }
 };
 

@@ -16,7 +16,7 @@ struct ColumnRotation
     double c;
 };
 
-// Columns are contiguous, p elements long and followed by zeros up to a multiple of four (see
+// Columns are contiguous, p elements long and followed by zeros up to a multiple of eight (see
 // AlignedRows). Sums run in the order of the rows, always, since the end of long rotations depends
 // on every bit of them.
 

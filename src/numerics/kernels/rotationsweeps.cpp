@@ -166,36 +166,41 @@ void RotationSweeps::improvingSweep()
                 rotate(j, k, *best);
 }
 
-void RotationSweeps::rotateWaiting()
+void RotationSweeps::findNearestRotations(const DisjointPairs& pairs, const PairTangents* tangents)
 {
-    for (int i = 0; i < m_waitingCount; ++i) {
-        const auto& [pair, by] = m_waiting[i];
-        rotateColumns(m_b[pair.j], m_b[pair.k], m_variables, by);
+    m_foundCount = 0;
+    for (int i = 0; i < pairs.count(); ++i) {
+        const auto& [j, k] = pairs[i];
+        if (const auto nearest = rotationBy(nearestAngle(tangents[i]), j, k))
+            m_found[m_foundCount++] = {pairs[i], *nearest};
     }
-    m_waitingCount = 0;
 }
 
-/// False: cancelled.
+void RotationSweeps::carryOutFound(AlignedRows& columns) const
+{
+    for (int i = 0; i < m_foundCount; ++i) {
+        const auto& [pair, by] = m_found[i];
+        rotateColumns(columns[pair.j], columns[pair.k], m_variables, by);
+    }
+}
+
+/// Rotates the loadings of these pairs, and the coefficients of those before them. False:
+/// cancelled.
 bool RotationSweeps::refine(const DisjointPairs& pairs)
 {
     if (!goOnAfterPairs(pairs.count()))
         return false;
     PairTangents tangents[DisjointPairs::most];
     findTangents(m_l, pairs, m_variables, tangents);
-    rotateWaiting();
-    for (int i = 0; i < pairs.count(); ++i) {
-        const auto& [j, k] = pairs[i];
-        if (const auto nearest = rotationBy(nearestAngle(tangents[i]), j, k)) {
-            rotateColumns(m_l[j], m_l[k], m_variables, *nearest);
-            m_waiting[m_waitingCount++] = {pairs[i], *nearest};
-        }
-    }
+    carryOutFound(m_b);
+    findNearestRotations(pairs, tangents);
+    carryOutFound(m_l);
     return true;
 }
 
-/// The same for all pairs.
 bool RotationSweeps::refineAll()
 {
+    m_foundCount = 0;
     DisjointPairs pairs;
     for (int sum = 1; sum <= 2 * m_factors - 3; ++sum)
         for (int j = std::max(0, sum - m_factors + 1); 2 * j < sum; ++j) {
@@ -207,7 +212,10 @@ bool RotationSweeps::refineAll()
             pairs = {};
             pairs.add(pair);
         }
-    return refine(pairs);
+    if (!refine(pairs))
+        return false;
+    carryOutFound(m_b);
+    return true;
 }
 
 double RotationSweeps::plainSweep()
@@ -215,7 +223,6 @@ double RotationSweeps::plainSweep()
     ++m_meter.progress().sweep;
     if (!refineAll())
         return cancelledTotal;
-    rotateWaiting();
     double criterion = 0.0;
     int j = 0;
     for (; j + 2 < m_factors; j += 2) {

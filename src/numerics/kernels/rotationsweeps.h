@@ -38,8 +38,7 @@ public:
     void putBack();
 
 private:
-    /// Carried out on the loadings, not yet on the coefficients.
-    struct WaitingRotation
+    struct PairRotation
     {
         ColumnPair pair;
         ColumnRotation by;
@@ -52,7 +51,8 @@ private:
     double trialOf(ColumnRotation rotation, int j, int k);
     void rotate(int j, int k, ColumnRotation by);
     bool goOnAfterPairs(int pairs);
-    void rotateWaiting();
+    void findNearestRotations(const DisjointPairs& pairs, const PairTangents* tangents);
+    void carryOutFound(AlignedRows& columns) const;
     bool refine(const DisjointPairs& pairs);
     bool refineAll();
 
@@ -65,8 +65,8 @@ private:
     AlignedRows m_b;
     ProgressMeter m_meter;
     AlignedRows m_work; // two columns for a trial
-    WaitingRotation m_waiting[DisjointPairs::most];
-    int m_waitingCount = 0;
+    PairRotation m_found[DisjointPairs::most];
+    int m_foundCount = 0;
 };
 
 } // namespace pelmora
