@@ -5,7 +5,9 @@
 
 #include "convert/arguments.h"
 #include "convert/commandline.h"
+#include "convert/optionlabels.h"
 #include "convert/previewmodel.h"
+#include "convert/wording.h"
 #include "output/filewriter.h"
 #include "ui_converterwindow.h"
 
@@ -75,6 +77,7 @@ ConverterWindow::ConverterWindow(QWidget* parent)
     m_delay->setInterval(300);
     connect(m_delay, &QTimer::timeout, m_ui->progress, &QWidget::show);
     fillChoices();
+    wordByLabels();
     connectChoices();
     setBusy(false);
     showRecognised();
@@ -105,6 +108,28 @@ void ConverterWindow::fillChoices()
     addChoice(m_ui->comboDecimal, tr("Comma"), Decimal::Comma);
     addChoice(m_ui->comboHeader, tr("First row"), Header::Yes);
     addChoice(m_ui->comboHeader, tr("None"), Header::No);
+}
+
+/// Lets reasons name the controls in place of the options that their tool tips tell.
+void ConverterWindow::wordByLabels() const
+{
+    OptionLabels labels;
+    for (const auto* label : findChildren<QLabel*>())
+        if (label->buddy() && label->buddy()->toolTip().startsWith(u"--"))
+            labels[label->buddy()->toolTip()] = label->text().chopped(1); // the colon
+    labels[QStringLiteral("--columns")] = m_ui->listColumns->accessibleName();
+    const auto addValue = [&labels](const QComboBox* box, const char* value, auto choice) {
+        labels[box->toolTip() + u' ' + QLatin1String(value)] =
+            box->itemText(box->findData(static_cast<int>(choice)));
+    };
+    addValue(m_ui->comboKind, "data", Kind::Data);
+    addValue(m_ui->comboKind, "correlations", Kind::Correlations);
+    addValue(m_ui->comboSeparator, "comma", Separator::Comma);
+    addValue(m_ui->comboDecimal, "point", Decimal::Point);
+    addValue(m_ui->comboDecimal, "comma", Decimal::Comma);
+    addValue(m_ui->comboHeader, "yes", Header::Yes);
+    addValue(m_ui->comboHeader, "no", Header::No);
+    setWording([labels](const QString& text) { return withLabels(text, labels); });
 }
 
 void ConverterWindow::connectChoices()

@@ -50,6 +50,7 @@ private slots:
 private:
     void fillChoices();
     void resetChoices();
+    void wordByLabels() const;
     void connectChoices();
     void start();
     void finish(const convert::JobResult& result);

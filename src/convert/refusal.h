@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include <QCoreApplication>
+#include "convert/wording.h"
+
 #include <QStringList>
 
 #include <exception>
@@ -25,10 +26,5 @@ public:
 private:
     QStringList m_reasons;
 };
-
-inline QString tr(const char* text)
-{
-    return QCoreApplication::translate("Convert", text);
-}
 
 } // namespace convert

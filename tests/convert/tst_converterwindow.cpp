@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "convert/converterwindow.h"
+#include "support/datarows.h"
 #include "support/dialogscript.h"
 #include "support/samplefile.h"
 
@@ -25,6 +26,8 @@ class TestConverterWindow : public QObject
 private slots:
     void choicesLeadToASavedFile();
     void columnsCanBeLeftOut();
+    void reasonsNameTheControls_data();
+    void reasonsNameTheControls();
     void theSourceIsNotReplaced();
     void aDroppedFileStartsAfresh();
 
@@ -94,6 +97,31 @@ void TestConverterWindow::columnsCanBeLeftOut()
     QVERIFY(settled.count() > 0 || settled.wait());
     QVERIFY2(report().contains("Result: 2 rows and 1 columns"), qPrintable(report()));
     QVERIFY(!preview->index(0, 0).data(Qt::BackgroundRole).isValid());
+}
+
+void TestConverterWindow::reasonsNameTheControls_data()
+{
+    const DataRows<QByteArray, QString> row("content", "help");
+    row("kind", ";a;b\na;1;0.5\nb;0.5;1\n", "say \"Kind: Correlations\" or \"Kind: Data\".");
+    row("encoding", QByteArray("a;b\n1;\0\n", 8),
+        "is read with \"Encoding: utf-16le\" or utf-16be.");
+    row("separator", "a;b\n\"1\"x;2\n", "another one is named by \"Separator\")");
+    row("decimal sign", "a;b\n1,234;2\n", "by \"Decimal sign: Point\" or \"Decimal sign: Comma\".");
+    row("header", "a;1\n2;3\n", "by \"Header: First row\" or \"Header: None\".");
+    row("missing values", "a;b\n1;2\n2;999\n3;999\n",
+        "by \"Missing values\", for instance \"Missing values: NA,-99\"; if they are values, say "
+        "\"Missing values: none\".");
+    row("lines", "a;b\n1;2\n\n3;4\n", "leave it out by \"Lines to leave out: 3\".");
+    row("columns", "n;a\nx;1\ny;2\n", "Say by \"Columns to keep\" which columns");
+    row("what the file holds", "a;b\n1;--kind data\n2;3\n", "\"--kind data\" is no number");
+}
+
+void TestConverterWindow::reasonsNameTheControls()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, help);
+    open(SampleFile(QStringLiteral("t.csv"), content).path());
+    QVERIFY2(report().contains(help), qPrintable(report()));
 }
 
 void TestConverterWindow::theSourceIsNotReplaced()
