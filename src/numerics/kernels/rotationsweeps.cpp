@@ -184,36 +184,36 @@ void RotationSweeps::carryOutFound(AlignedRows& columns) const
     }
 }
 
-/// Rotates the loadings of these pairs, and the coefficients of those before them. False:
-/// cancelled.
-bool RotationSweeps::refine(const DisjointPairs& pairs)
+/// Rotates the loadings of these pairs, and the coefficients of those before them.
+void RotationSweeps::refine(const DisjointPairs& pairs)
 {
-    if (!goOnAfterPairs(pairs.count()))
-        return false;
     PairTangents tangents[DisjointPairs::most];
     findTangents(m_l, pairs, m_variables, tangents);
     carryOutFound(m_b);
     findNearestRotations(pairs, tangents);
     carryOutFound(m_l);
-    return true;
 }
 
+/// False: cancelled.
 bool RotationSweeps::refineAll()
 {
     m_foundCount = 0;
     DisjointPairs pairs;
-    for (int sum = 1; sum <= 2 * m_factors - 3; ++sum)
-        for (int j = std::max(0, sum - m_factors + 1); 2 * j < sum; ++j) {
+    for (int sum = 1; sum <= 2 * m_factors - 3; ++sum) {
+        const int begin = std::max(0, sum - m_factors + 1);
+        const int end = (sum + 1) / 2;
+        if (!goOnAfterPairs(end - begin))
+            return false;
+        for (int j = begin; j < end; ++j) {
             const ColumnPair pair{j, sum - j};
             if (pairs.add(pair))
                 continue;
-            if (!refine(pairs))
-                return false;
+            refine(pairs);
             pairs = {};
             pairs.add(pair);
         }
-    if (!refine(pairs))
-        return false;
+    }
+    refine(pairs);
     carryOutFound(m_b);
     return true;
 }

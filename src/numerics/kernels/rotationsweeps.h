@@ -53,7 +53,7 @@ private:
     bool goOnAfterPairs(int pairs);
     void findNearestRotations(const DisjointPairs& pairs, const PairTangents* tangents);
     void carryOutFound(AlignedRows& columns) const;
-    bool refine(const DisjointPairs& pairs);
+    void refine(const DisjointPairs& pairs);
     bool refineAll();
 
     double** m_givenL;
