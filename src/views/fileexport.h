@@ -30,10 +30,10 @@ struct FileExport
 /// The sentence for a file of numbers with so many decimals.
 QString decimalsInPlaceOfInput(unsigned decimals);
 
-/// Runs @p fileExport; @p page is the parent of its dialogs. It ends silently when a dialog is
-/// cancelled, or the page or the session is deleted while one is open. Asks before it replaces the
-/// session's input. The same when its user cancels the writing.
-/// After a failure or cancelling the file is as writeFile() leaves it.
+/// Runs @p fileExport; @p page is the parent of its dialogs. It ends silently when a dialog or the
+/// writing is cancelled, or the page or the session is deleted while a dialog is open. Asks before
+/// it replaces the session's input. After a failure or cancelling the file is as writeFile() leaves
+/// it.
 /// @param session  null when it has been deleted
 /// @param write  writes bytes, text as Latin-1; see writeFile()
 /// @return the path of the file that has been written, else an empty one
