@@ -32,10 +32,14 @@ using namespace convert;
 
 namespace {
 
+/// The role of a choice's word on the command line.
+constexpr int wordRole = Qt::UserRole + 1;
+
 template <typename Choice>
-void addChoice(QComboBox* box, const QString& text, Choice choice)
+void addChoice(QComboBox* box, const QString& text, const QString& word, Choice choice)
 {
     box->addItem(text, static_cast<int>(choice));
+    box->setItemData(box->count() - 1, word, wordRole);
 }
 
 template <typename Choice>
@@ -96,18 +100,21 @@ void ConverterWindow::fillChoices()
     for (QComboBox* box : {m_ui->comboKind, m_ui->comboEncoding, m_ui->comboSeparator,
                            m_ui->comboDecimal, m_ui->comboHeader})
         box->addItem(QString(), 0);
-    addChoice(m_ui->comboKind, tr("Data"), Kind::Data);
-    addChoice(m_ui->comboKind, tr("Correlations"), Kind::Correlations);
+    addChoice(m_ui->comboKind, tr("Data"), QStringLiteral("data"), Kind::Data);
+    addChoice(m_ui->comboKind, tr("Correlations"), QStringLiteral("correlations"),
+              Kind::Correlations);
     for (int encoding = int(Encoding::Utf8); encoding <= int(Encoding::Windows1253); ++encoding)
-        addChoice(m_ui->comboEncoding, nameOf(Encoding(encoding)), encoding);
-    addChoice(m_ui->comboSeparator, tr("Tab"), Separator::Tab);
-    addChoice(m_ui->comboSeparator, tr("Semicolon"), Separator::Semicolon);
-    addChoice(m_ui->comboSeparator, tr("Comma"), Separator::Comma);
-    addChoice(m_ui->comboSeparator, tr("Blank"), Separator::Blank);
-    addChoice(m_ui->comboDecimal, tr("Point"), Decimal::Point);
-    addChoice(m_ui->comboDecimal, tr("Comma"), Decimal::Comma);
-    addChoice(m_ui->comboHeader, tr("First row"), Header::Yes);
-    addChoice(m_ui->comboHeader, tr("None"), Header::No);
+        addChoice(m_ui->comboEncoding, nameOf(Encoding(encoding)), nameOf(Encoding(encoding)),
+                  encoding);
+    addChoice(m_ui->comboSeparator, tr("Tab"), QStringLiteral("tab"), Separator::Tab);
+    addChoice(m_ui->comboSeparator, tr("Semicolon"), QStringLiteral("semicolon"),
+              Separator::Semicolon);
+    addChoice(m_ui->comboSeparator, tr("Comma"), QStringLiteral("comma"), Separator::Comma);
+    addChoice(m_ui->comboSeparator, tr("Blank"), QStringLiteral("blank"), Separator::Blank);
+    addChoice(m_ui->comboDecimal, tr("Point"), QStringLiteral("point"), Decimal::Point);
+    addChoice(m_ui->comboDecimal, tr("Comma"), QStringLiteral("comma"), Decimal::Comma);
+    addChoice(m_ui->comboHeader, tr("First row"), QStringLiteral("yes"), Header::Yes);
+    addChoice(m_ui->comboHeader, tr("None"), QStringLiteral("no"), Header::No);
 }
 
 /// Lets reasons name the controls in place of the options that their tool tips tell.
@@ -118,17 +125,11 @@ void ConverterWindow::wordByLabels() const
         if (label->buddy() && label->buddy()->toolTip().startsWith(u"--"))
             labels[label->buddy()->toolTip()] = label->text().chopped(1); // the colon
     labels[QStringLiteral("--columns")] = m_ui->listColumns->accessibleName();
-    const auto addValue = [&labels](const QComboBox* box, const char* value, auto choice) {
-        labels[box->toolTip() + u' ' + QLatin1String(value)] =
-            box->itemText(box->findData(static_cast<int>(choice)));
-    };
-    addValue(m_ui->comboKind, "data", Kind::Data);
-    addValue(m_ui->comboKind, "correlations", Kind::Correlations);
-    addValue(m_ui->comboSeparator, "comma", Separator::Comma);
-    addValue(m_ui->comboDecimal, "point", Decimal::Point);
-    addValue(m_ui->comboDecimal, "comma", Decimal::Comma);
-    addValue(m_ui->comboHeader, "yes", Header::Yes);
-    addValue(m_ui->comboHeader, "no", Header::No);
+    for (const auto* box : findChildren<QComboBox*>())
+        for (int i = 1; i < box->count(); ++i) // the first leaves the choice to the program
+            labels[box->toolTip() + u' ' + box->itemData(i, wordRole).toString()] =
+                box->itemText(i);
+    labels[QStringLiteral("--missing none")] = QStringLiteral("none");
     setWording([labels](const QString& text) { return withLabels(text, labels); });
 }
 

@@ -134,7 +134,8 @@ void refuseNuls(std::string_view content)
 {
     if (const auto nul = content.find('\0'); nul != std::string_view::npos)
         throw Refusal(tr("line %1: the file holds NUL bytes, so it is no text; UTF-16 without a "
-                         "byte-order mark is read with --encoding utf-16le or utf-16be.")
+                         "byte-order mark is read with --encoding utf-16le or --encoding "
+                         "utf-16be.")
                           .arg(lineAt(content, nul)));
 }
 

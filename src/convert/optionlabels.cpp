@@ -9,10 +9,9 @@ namespace convert {
 
 QString withLabels(const QString& text, const OptionLabels& labels)
 {
-    // An option, and its value: a known one, in quotes, or to be filled in.
+    // An option, and its value in quotes, to be filled in, or a word, perhaps of the sentence.
     static const QRegularExpression option(
-        QStringLiteral(R"re((--[a-z]+)(?: (?|"([^"]*)"|(%\d)|)re"
-                       R"re(((?:data|correlations|point|comma|yes|no|none|utf-16[lb]e)\b)))?)re"));
+        QStringLiteral(R"re((--[a-z]+)(?: (?:"([^"]*)"|(%\d)|([\w-]+)))?)re"));
     QString result;
     qsizetype end = 0;
     for (auto found = option.globalMatch(text); found.hasNext();) {
@@ -20,13 +19,16 @@ QString withLabels(const QString& text, const OptionLabels& labels)
         const QString name = match.captured(1);
         if (!labels.contains(name))
             continue;
-        const QString value = match.captured(2);
+        QString value = match.captured(2) + match.captured(3);
+        const auto word = labels.constFind(name + u' ' + match.captured(4));
+        if (word != labels.constEnd())
+            value = *word;
         result += QStringView(text).mid(end, match.capturedStart() - end);
         result += u'"' + labels[name];
         if (!value.isEmpty())
-            result += QStringLiteral(": ") + labels.value(name + u' ' + value, value);
+            result += QStringLiteral(": ") + value;
         result += u'"';
-        end = match.capturedEnd();
+        end = value.isEmpty() ? match.capturedEnd(1) : match.capturedEnd();
     }
     result += QStringView(text).mid(end);
     return result;

@@ -104,7 +104,7 @@ void TestConverterWindow::reasonsNameTheControls_data()
     const DataRows<QByteArray, QString> row("content", "help");
     row("kind", ";a;b\na;1;0.5\nb;0.5;1\n", "say \"Kind: Correlations\" or \"Kind: Data\".");
     row("encoding", QByteArray("a;b\n1;\0\n", 8),
-        "is read with \"Encoding: utf-16le\" or utf-16be.");
+        "is read with \"Encoding: utf-16le\" or \"Encoding: utf-16be\".");
     row("separator", "a;b\n\"1\"x;2\n", "another one is named by \"Separator\")");
     row("decimal sign", "a;b\n1,234;2\n", "by \"Decimal sign: Point\" or \"Decimal sign: Comma\".");
     row("header", "a;1\n2;3\n", "by \"Header: First row\" or \"Header: None\".");
